@@ -1,0 +1,20 @@
+#include "core/Globals.h"
+
+#include "core/clsRegistry.h"
+#include "platform/Database.h"
+
+QString CurrentCookbook;
+int Response = 0;
+bool FormClosing = false;
+QString LastReportFile;
+qint32 FoundCouponID = 0;
+
+clsRegistry& Registry() {
+    static clsRegistry registry;
+    return registry;
+}
+
+Database& ConnectionMain() {
+    static Database connection;
+    return connection;
+}

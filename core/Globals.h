@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class clsRegistry;
+class Database;
+
+// The program-wide objects, each made at first use and kept until the main
+// window unloads.
+clsRegistry& Registry();
+Database& ConnectionMain();
+
+extern QString CurrentCookbook;
+extern int Response;
+extern bool FormClosing;
+extern QString LastReportFile;
+extern qint32 FoundCouponID;

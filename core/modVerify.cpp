@@ -1,0 +1,11 @@
+#include "core/modVerify.h"
+
+QString QuoteSql(QString& text) {
+    text.replace(QLatin1Char('\''), QLatin1String("''"));
+    return text;
+}
+
+QString QuoteSql(const QString& text) {
+    QString copy = text;
+    return QuoteSql(copy);
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+enum CursorTypeEnum { adOpenForwardOnly = 0, adOpenKeyset = 1, adOpenStatic = 3 };
+enum LockTypeEnum { adLockReadOnly = 1, adLockOptimistic = 3 };
+
+// How a column is read and written. The declared type in the schema carries it
+// (VARCHAR(n), LONGTEXT, BOOLEAN, CURRENCY, SMALLINT, INTEGER, DOUBLE, DATETIME,
+// DATETEXT(n)), because the stored value alone cannot tell "True" from 1.
+enum class ColumnKind { Text, LongText, Boolean, Currency, Int16, Int32, Double, Date, DateText, Other };
+
+struct ColumnInfo {
+    QString name;
+    ColumnKind kind = ColumnKind::Other;
+    int length = 0;  // characters, for Text and DateText
+};
+
+struct TableInfo {
+    QString name;
+    QVector<ColumnInfo> columns;
+    QHash<QString, int> index;  // lower-case name -> column
+    const ColumnInfo* column(const QString& name) const;
+};
+
+// One connection to a database file. Domain code only opens SELECT queries on it
+// through Recordset; rows are written through the recordset's own statements.
+class Database {
+public:
+    Database();
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    // Refuses, without touching the file, what is missing, not a database of
+    // ours, read-only or locked by another program.
+    void Open(const QString& path);
+    // The connection-string form: the path follows "Data Source =".
+    void Open(const QString& connectionString, const QString& user, const QString& password,
+              int options);
+    void Close();
+    bool IsOpen() const { return db_ != nullptr; }
+    QString Path() const { return path_; }
+
+    QString ConnectionString() const { return connectionString_; }
+    void ConnectionString(const QString& text) { connectionString_ = text; }
+
+    // Runs a trusted script (template building); never for text built from user data.
+    void ExecScript(const QString& sql);
+
+    // Builds a new database file from scripts run in one transaction.
+    static void CreateFile(const QString& path, const QStringList& scripts);
+
+    // Rewrites the query dialect the program writes ([names], #dates#, "texts",
+    // True/False) into SQLite's.
+    static QString TranslateQuery(const QString& sql);
+
+    // --- used by Recordset -------------------------------------------------
+    const TableInfo* Table(const QString& name);
+    // Prepares one SELECT under the read-only guard. Throws DbError.
+    sqlite3_stmt* PrepareQuery(const QString& translatedSql, QString* error = nullptr);
+    // Prepares (and caches) a statement the engine itself writes.
+    sqlite3_stmt* CachedStatement(const QString& sql);
+    sqlite3* Handle() const { return db_; }
+    [[noreturn]] void ThrowLastError() const;
+
+private:
+    static int Authorize(void* self, int action, const char*, const char*, const char*, const char*);
+    void FinalizeCache();
+
+    sqlite3* db_ = nullptr;
+    QString path_;
+    QString connectionString_;
+    bool guard_ = false;
+    QHash<QString, std::shared_ptr<TableInfo>> tables_;
+    QHash<QString, sqlite3_stmt*> statements_;
+};

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "platform/Database.h"
+
+#include <QHash>
+#include <QSet>
+#include <QVariant>
+#include <vector>
+
+// A cursor over one SELECT, in the manner the program's classes expect: it opens
+// on the first row, moves both ways (unless forward-only), and writes rows back
+// one at a time to the query's single base table. Rows are fetched only as the
+// cursor reaches them, so opening a big table just to add a row costs nothing.
+class Recordset {
+public:
+    Recordset();
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    void Open(const QString& sql, Database& db, int cursorType = adOpenForwardOnly,
+              int lockType = adLockReadOnly);
+    void Close();
+    bool IsOpen() const { return db_ != nullptr; }
+
+    bool IsBOF() const;
+    bool IsEOF() const;
+    qint32 RecordCount();
+
+    void MoveFirst();
+    void MoveNext();
+    void MovePrevious();
+    void MoveLast();
+
+    QVariant Field(const QString& name) const;
+    void setField(const QString& name, const QVariant& value);
+    void AddNew();
+    void Update();
+    void CancelUpdate();
+    void Delete();
+
+    int FieldCount() const { return int(columns_.size()); }
+    QString FieldName(int i) const;
+    bool Updatable() const { return updatable_; }
+
+private:
+    struct Row {
+        qint64 rowid = 0;
+        std::vector<QVariant> values;
+        bool deleted = false;
+    };
+    struct Column {
+        QString name;
+        ColumnKind kind = ColumnKind::Other;
+        int length = 0;
+        QString origin;  // column of the base table, empty for computed columns
+    };
+    enum class At { BOF, Base, Added, EOF_, LastPending };
+
+    bool FetchOne() const;
+    void FetchAll() const;
+    void Resolve() const;
+    bool HasLiveRow() const;
+    Row* CurrentRow() const;
+    int ColumnIndex(const QString& name) const;
+    void RequireOpen() const;
+    void RequireUpdatable() const;
+    void FlushEdit();
+    QVariant ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const;
+    void ReloadRow(Row& row);
+    void SetPosition(At at, int index) const;
+    bool SeekBaseFrom(int index, int step) const;
+    bool SeekAddedFrom(int index, int step) const;
+
+    Database* db_ = nullptr;
+    QString sql_;
+    int cursorType_ = adOpenForwardOnly;
+    int lockType_ = adLockReadOnly;
+    bool updatable_ = false;
+    bool hasRowid_ = false;
+    QString table_;
+    std::vector<Column> columns_;
+    QHash<QString, int> index_;
+
+    // The statement is stepped lazily; rows already seen stay cached so the
+    // cursor can move back.
+    mutable sqlite3_stmt* stmt_ = nullptr;
+    mutable bool done_ = false;
+    mutable std::vector<Row> rows_;
+    mutable std::vector<Row> added_;
+    mutable QSet<qint64> ownRowids_;
+    mutable qint64 maxRowidAtOpen_ = 0;
+    mutable At at_ = At::EOF_;
+    mutable int pos_ = 0;
+    mutable qint32 countCache_ = -1;
+    bool anyWrites_ = false;
+
+    enum class Edit { None, Editing, Adding };
+    Edit edit_ = Edit::None;
+    QHash<int, QVariant> pending_;
+};

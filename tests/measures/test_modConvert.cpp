@@ -1,0 +1,87 @@
+#include "core/Globals.h"
+#include "measures/modConvert.h"
+#include "platform/Recordset.h"
+#include "support/TestEnv.h"
+
+namespace {
+
+class ConvertTest : public LarderTest {
+protected:
+    void AddCell(const QString& from, const QString& to, const QVariant& constant) {
+        Recordset rs;
+        rs.Open("SELECT * FROM Conversion", ConnectionMain(), adOpenStatic, adLockOptimistic);
+        rs.AddNew();
+        rs.setField("RowIndex", 90);
+        rs.setField("ColumnIndex", 91);
+        rs.setField("RowDescription", from);
+        rs.setField("ColumnDescription", to);
+        rs.setField("ConversionConstant", constant);
+        rs.Update();
+    }
+    void ExpectErrorBox(const QString& label) {
+        ASSERT_EQ(ui.count(), 1);
+        EXPECT_EQ(ui.lastBox().title, "Error");
+        EXPECT_EQ(ui.lastBox().prompt, "Error: Subscript out of range (Occurred in " + label + ")");
+        ui.clear();
+    }
+};
+
+TEST_F(ConvertTest, MixedNumbersReadAndLoneFractionsReportAsTheyAlwaysHave) {
+    EXPECT_EQ(FractionToDecimal("1 1/2").toString(), "1.5");
+    EXPECT_EQ(FractionToDecimal("  2 2/3 ").toString(), "2.6667");
+    EXPECT_EQ(FractionToDecimal("0 1/3").toString(), "0.3333");
+    EXPECT_EQ(FractionToDecimal("1 1/0").toString(), "1");  // a zero denominator adds nothing, quietly
+    EXPECT_EQ(ui.count(), 0);
+
+    ui.answer(1);
+    EXPECT_EQ(FractionToDecimal("1/2").toString(), "0");
+    ExpectErrorBox("Convert.FractionToDecimal");
+
+    ui.answer(1);
+    EXPECT_EQ(FractionToDecimal("2").toString(), "2");  // what it had when the second word was missing
+    ExpectErrorBox("Convert.FractionToDecimal");
+
+    ui.answer(1);
+    EXPECT_EQ(FractionToDecimal("3 eggs").toString(), "3");
+    ExpectErrorBox("Convert.FractionToDecimal");
+}
+
+TEST_F(ConvertTest, BadQuantitiesNeverCrash) {
+    for (const QString& q : {QString(""), QString("abc"), QString("1/0"), QString("1 1/2/3"), QString(100, '9')}) {
+        ui.answer(1);
+        ui.answer(1);
+        FractionToDecimal(q);
+        ui.clear();
+    }
+    ui.clear();
+}
+
+TEST_F(ConvertTest, FractionSearchFindsTheSmallestNumeratorThroughFourPlaceRounding) {
+    struct Case { const char* value; const char* fraction; const char* left; };
+    const Case cases[] = {
+        {"0.25", " 1/4", "0.25"},     {"0.3333", " 1/3", "0.3333"}, {"0.6667", " 2/3", "0.6667"},
+        {"0.0156", " 1/64", "0.0156"}, {"0.01", "", "0.01"},         {"0", "", "0"},
+        {"1", "1", "1"},               {"1.25", "1 1/4", "0.25"},    {"1.5", "1 1/2", "0.5"},
+        {"100", "", "100"},            {"100.5", "100 1/2", "0.5"},  {"64", "64", "64"},
+        {"0.5", " 1/2", "0.5"},        {"2.6667", "2 2/3", "0.6667"}, {"0.1", " 1/10", "0.1"},
+    };
+    for (const Case& c : cases) {
+        Currency value = *Currency::parse(c.value);
+        EXPECT_EQ(DecimalToFraction(value), c.fraction) << c.value;
+        EXPECT_EQ(value.toString(), c.left) << c.value;
+    }
+}
+
+TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
+    AddCell("Jar", "Spoon", 12.5);
+    EXPECT_EQ(ConvertUnit("Jar", "2", "Spoon"), "25");
+    EXPECT_EQ(ConvertUnit("Jar", "1 1/2", "Spoon"), "18.75");
+    EXPECT_EQ(ConvertUnit("Jar", "3 jars", "Spoon"), "37.5");
+    EXPECT_EQ(ConvertUnit("Spoon", "2", "Jar"), "");  // the reverse cell is never tried
+    EXPECT_EQ(ConvertUnit("Bucket", "2", "Spoon"), "");
+
+    AddCell("Baker's dozen", "Roll", 13);
+    EXPECT_EQ(ConvertUnit("Baker's dozen", "2", "Roll"), "26");
+}
+
+}  // namespace

@@ -1,0 +1,377 @@
+#include "core/Globals.h"
+#include "core/modVerify.h"
+#include "platform/Currency.h"
+#include "platform/Database.h"
+#include "platform/Recordset.h"
+#include "support/TestEnv.h"
+
+#include <QFile>
+#include <QDateTime>
+#include <sqlite3.h>
+#include <unistd.h>
+
+namespace {
+
+class DatabaseTest : public LarderTest {
+protected:
+    Database& db() { return ConnectionMain(); }
+
+    // Adds a row the way the program's classes do, returning its new ID.
+    int AddRow(const QString& table, const QList<QPair<QString, QVariant>>& values) {
+        Recordset rs;
+        rs.Open("SELECT * FROM " + table, db(), adOpenStatic, adLockOptimistic);
+        if (!rs.IsEOF()) rs.MoveLast();
+        rs.AddNew();
+        for (const auto& [name, value] : values) rs.setField(name, value);
+        rs.Update();
+        int id = 0;
+        for (int i = 0; i < rs.FieldCount(); ++i)
+            if (rs.FieldName(i).compare("ID", Qt::CaseInsensitive) == 0) id = rs.Field("ID").toInt();
+        return id;
+    }
+
+    QStringList Column(const QString& sql, const QString& field) {
+        Recordset rs;
+        rs.Open(sql, db(), adOpenKeyset, adLockReadOnly);
+        QStringList out;
+        while (!rs.IsEOF()) {
+            out << rs.Field(field).toString();
+            rs.MoveNext();
+        }
+        return out;
+    }
+
+    std::string ErrorOf(const std::function<void()>& f) {
+        try {
+            f();
+        } catch (const std::exception& e) {
+            return e.what();
+        }
+        return "no error";
+    }
+};
+
+TEST_F(DatabaseTest, DateLiteralsAreReadInMonthDayYearOrderWithTwoDigitYears) {
+    AddRow("Product", {{"Name", "Never bought"}, {"LastPurchasedDate", "1/1/50"}});
+    AddRow("Product", {{"Name", "Bought once"}, {"LastPurchasedDate", QDate(1950, 1, 2)}});
+    AddRow("Product", {{"Name", "Bought lately"}, {"LastPurchasedDate", "11/20/2026 3:15:00 PM"}});
+
+    EXPECT_EQ(Column("SELECT * FROM Product WHERE [LastPurchasedDate] > #1/1/50# ORDER BY [Name]", "Name"),
+              QStringList({"Bought lately", "Bought once"}));
+    EXPECT_EQ(Column("SELECT * FROM Product WHERE [LastPurchasedDate] BETWEEN #11/20/2026# AND #11/21/2026#", "Name"),
+              QStringList({"Bought lately"}));
+
+    Recordset rs;
+    rs.Open("SELECT [LastPurchasedDate] FROM Product WHERE [Name] = 'Bought lately'", db(), adOpenKeyset, adLockReadOnly);
+    EXPECT_EQ(rs.Field("LastPurchasedDate").toDateTime(), QDateTime(QDate(2026, 11, 20), QTime(15, 15)));
+}
+
+TEST_F(DatabaseTest, WordsInDateTextColumnsSortAfterEveryDateAndEmptyBefore) {
+    for (const QString& when : {QString("11/1/2026"), QString("Never"), QString(""), QString("12/31/2026")})
+        AddRow("Coupons", {{"Product", "Coupon " + when}, {"Expiration", when}});
+
+    EXPECT_EQ(Column("SELECT * FROM Coupons WHERE [Expiration] < #11/22/2026# ORDER BY [Expiration]", "Expiration"),
+              QStringList({"", "2026-11-01"}));
+    EXPECT_EQ(Column("SELECT * FROM Coupons WHERE [Expiration] > #11/22/2026# ORDER BY [Expiration]", "Expiration"),
+              QStringList({"2026-12-31", "Never"}));
+
+    AddRow("Messages", {{"Title", "Someday"}, {"Date", "None"}, {"ReminderTime", 1}});
+    AddRow("Messages", {{"Title", "Dentist"}, {"Date", QDate(2026, 11, 20)}, {"ReminderTime", 1}});
+    EXPECT_EQ(Column("SELECT * FROM Messages WHERE [Date] <= #11/22/2026#", "Title"), QStringList({"Dentist"}));
+}
+
+TEST_F(DatabaseTest, NamesAndTextComparisonsIgnoreCase) {
+    AddRow("Recipie", {{"Title", "Apple Pie"}, {"Style", "Desserts,Pies"}});
+    AddRow("Recipie", {{"Title", "banana bread"}});
+
+    EXPECT_EQ(Column("SELECT * FROM recipie WHERE [TITLE] = 'apple pie'", "title"), QStringList({"Apple Pie"}));
+    EXPECT_EQ(Column("SELECT * FROM RECIPIE WHERE [Style] LIKE '%pies%'", "Title"), QStringList({"Apple Pie"}));
+    EXPECT_EQ(Column("SELECT*FROM Recipie ORDER BY [Title]", "Title"), QStringList({"Apple Pie", "banana bread"}));
+    // A double-quoted text is a literal, as the program's queries write it.
+    EXPECT_EQ(Column("SELECT * FROM Recipie WHERE [Title] = \"Banana Bread\"", "Title"), QStringList({"banana bread"}));
+}
+
+TEST_F(DatabaseTest, BooleansCurrencyAndNumbersComeBackInTheirKinds) {
+    AddRow("ShopList", {{"Name", "Weekly"}, {"ItemName", "Milk"}, {"IsCurrent", true}, {"ItemCost", "2.4999"}});
+    AddRow("ShopList", {{"Name", "Weekly"}, {"ItemName", "Eggs"}, {"IsCurrent", "False"}, {"ItemCost", 1.5}});
+
+    Recordset rs;
+    rs.Open("SELECT * FROM ShopList WHERE [IsCurrent] = True", db(), adOpenKeyset, adLockReadOnly);
+    ASSERT_FALSE(rs.IsEOF());
+    EXPECT_EQ(rs.Field("ItemName").toString(), "Milk");
+    EXPECT_EQ(rs.Field("IsCurrent").typeId(), QMetaType::Bool);
+    EXPECT_TRUE(rs.Field("IsCurrent").toBool());
+    EXPECT_EQ(rs.Field("ItemCost").value<Currency>().toString(), "2.4999");
+    EXPECT_TRUE(rs.Field("Coupon").isNull() || rs.Field("Coupon").toBool() == false);
+    rs.MoveNext();
+    EXPECT_TRUE(rs.IsEOF());
+}
+
+TEST_F(DatabaseTest, TablesThatOnlyOldQueriesNameDoNotExist) {
+    for (const char* table : {"Recipies", "Recipe", "Meals", "Conversions"}) {
+        const std::string why = ErrorOf([&] {
+            Recordset rs;
+            rs.Open(QString("SELECT * FROM %1").arg(table), db(), adOpenKeyset, adLockReadOnly);
+        });
+        EXPECT_NE(why.find("no such table"), std::string::npos) << table << ": " << why;
+    }
+}
+
+TEST_F(DatabaseTest, OnlyOneSelectIsAcceptedAndNothingCanWrite) {
+    AddRow("Recipie", {{"Title", "Stew"}});
+    const QStringList refused = {
+        "DELETE FROM Recipie",
+        "SELECT * FROM Recipie; DELETE FROM Recipie",
+        "UPDATE Recipie SET Title = 'x'",
+        "DROP TABLE Recipie",
+        "PRAGMA writable_schema=1",
+        "INSERT INTO Recipie (Title) VALUES ('y')",
+        "WITH x AS (SELECT 1) DELETE FROM Recipie",
+    };
+    for (const QString& sql : refused) {
+        Recordset rs;
+        EXPECT_THROW(rs.Open(sql, db(), adOpenKeyset, adLockOptimistic), DbError) << sql.toStdString();
+    }
+    EXPECT_EQ(Column("SELECT * FROM Recipie", "Title"), QStringList({"Stew"}));
+}
+
+TEST_F(DatabaseTest, WritesAreRefusedOnJoinsAndReadOnlyLocks) {
+    AddRow("ShopList", {{"Name", "L"}, {"ItemName", "Flour"}, {"Store", "Aldi"}, {"ItemStyle", "Baking"}, {"IsCurrent", true}});
+    AddRow("IsleMap", {{"Store", "Aldi"}, {"ItemCategory", "Baking"}, {"Isle", "3"}, {"IsleOrder", 3}});
+
+    Recordset join;
+    join.Open("SELECT * FROM ShopList, IsleMap WHERE (ShopList.Store = IsleMap.Store) AND "
+              "(IsleMap.ItemCategory = Shoplist.ItemStyle)",
+              db(), adOpenKeyset, adLockOptimistic);
+    ASSERT_FALSE(join.IsEOF());
+    EXPECT_EQ(join.Field("Isle").toString(), "3");
+    EXPECT_EQ(join.Field("IsleMap.Store").toString(), "Aldi");
+    EXPECT_THROW(join.setField("ItemName", "Rye"), DbError);
+    EXPECT_THROW(join.AddNew(), DbError);
+
+    Recordset readOnly;
+    readOnly.Open("SELECT * FROM ShopList", db(), adOpenKeyset, adLockReadOnly);
+    EXPECT_THROW(readOnly.setField("ItemName", "Rye"), DbError);
+    EXPECT_THROW(readOnly.Delete(), DbError);
+    EXPECT_EQ(Column("SELECT * FROM ShopList", "ItemName"), QStringList({"Flour"}));
+}
+
+TEST_F(DatabaseTest, WritingTheWrongKindOrTooMuchFailsWithoutAPartialRow) {
+    Recordset rs;
+    rs.Open("SELECT * FROM Recipie", db(), adOpenStatic, adLockOptimistic);
+    rs.AddNew();
+    rs.setField("Title", "Soup");
+    try {
+        rs.setField("TimesUsed", "many");
+        ADD_FAILURE() << "text went into a number column";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.description(), "Type mismatch");
+    }
+    rs.setField("TimesUsed", " 3 ");
+    rs.CancelUpdate();
+    rs.Close();
+    EXPECT_TRUE(Column("SELECT * FROM Recipie", "Title").isEmpty());
+
+    Recordset meal;
+    meal.Open("SELECT * FROM Meal", db(), adOpenStatic, adLockOptimistic);
+    meal.AddNew();
+    EXPECT_NO_THROW(meal.setField("Name", QString(80, 'x')));
+    try {
+        meal.setField("Name", QString(81, 'x'));
+        ADD_FAILURE() << "81 characters went into an 80-character column";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.description(), "The field is too small to accept the amount of data you attempted to add.");
+    }
+    meal.Update();
+    meal.Close();
+    EXPECT_EQ(Column("SELECT * FROM Meal", "Name"), QStringList({QString(80, 'x')}));
+}
+
+TEST_F(DatabaseTest, UnselectedColumnsCannotBeRead) {
+    AddRow("Recipie", {{"Title", "Stew"}});
+    Recordset rs;
+    rs.Open("SELECT [Title] FROM Recipie", db(), adOpenKeyset, adLockReadOnly);
+    EXPECT_EQ(rs.Field("TITLE").toString(), "Stew");
+    try {
+        rs.Field("ID");
+        ADD_FAILURE() << "ID was readable";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.description(),
+                  "Item cannot be found in the collection corresponding to the requested name or ordinal.");
+    }
+}
+
+TEST_F(DatabaseTest, ApostrophesSurviveThroughQuoteSql) {
+    AddRow("Recipie", {{"Title", "Grandma's \"Best\" Pie"}});
+    QString title = "Grandma's \"Best\" Pie";
+    const QString sql = "SELECT * FROM Recipie WHERE [Title] = '" + QuoteSql(title) + "'";
+    EXPECT_EQ(title, "Grandma''s \"Best\" Pie");  // the caller's text is changed too
+    EXPECT_EQ(Column(sql, "Title"), QStringList({"Grandma's \"Best\" Pie"}));
+    // Unquoted, the apostrophe breaks the query, and the engine says so.
+    Recordset rs;
+    EXPECT_THROW(rs.Open("SELECT * FROM Recipie WHERE [Title] = 'Grandma's Pie'", db(), 1, 1), DbError);
+}
+
+TEST_F(DatabaseTest, NewKeysAreReadableAfterUpdateAndNeverReused) {
+    const int first = AddRow("Guests", {{"GuestName", "One"}});
+    const int second = AddRow("Guests", {{"GuestName", "Two"}});
+    EXPECT_GT(first, 0);
+    EXPECT_EQ(second, first + 1);
+
+    Recordset rs;
+    rs.Open("SELECT * FROM Guests WHERE [GuestName] = 'Two'", db(), adOpenKeyset, adLockOptimistic);
+    rs.Delete();
+    rs.Close();
+    EXPECT_EQ(AddRow("Guests", {{"GuestName", "Three"}}), second + 1);
+}
+
+TEST_F(DatabaseTest, CursorEndsAndMovesBehaveAsTheClassesExpect) {
+    Recordset empty;
+    empty.Open("SELECT * FROM Recipie", db(), adOpenKeyset, adLockOptimistic);
+    EXPECT_TRUE(empty.IsBOF());
+    EXPECT_TRUE(empty.IsEOF());
+    EXPECT_EQ(empty.RecordCount(), 0);
+    empty.AddNew();  // an empty table still takes a row without moving last
+    empty.setField("Title", "First");
+    empty.Update();
+    EXPECT_EQ(empty.RecordCount(), 1);
+    empty.Close();
+
+    AddRow("Recipie", {{"Title", "Second"}});
+    AddRow("Recipie", {{"Title", "Third"}});
+
+    Recordset rs;
+    rs.Open("SELECT * FROM Recipie ORDER BY [Title]", db(), adOpenStatic, adLockOptimistic);
+    EXPECT_EQ(rs.RecordCount(), 3);
+    rs.MoveLast();
+    EXPECT_EQ(rs.Field("Title").toString(), "Third");
+    rs.MovePrevious();
+    EXPECT_EQ(rs.Field("Title").toString(), "Second");
+    rs.Delete();
+    rs.MoveNext();
+    EXPECT_EQ(rs.Field("Title").toString(), "Third");
+    rs.MoveNext();
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_FALSE(rs.IsBOF());
+    rs.MoveFirst();
+    EXPECT_EQ(rs.Field("Title").toString(), "First");
+    rs.MovePrevious();
+    EXPECT_TRUE(rs.IsBOF());
+    EXPECT_EQ(rs.RecordCount(), 2);
+
+    Recordset forward;
+    forward.Open("SELECT * FROM Recipie", db(), adOpenForwardOnly, adLockReadOnly);
+    EXPECT_EQ(forward.RecordCount(), -1);
+    EXPECT_THROW(forward.MovePrevious(), DbError);
+}
+
+TEST_F(DatabaseTest, RowsAddedWhileACursorIsHalfReadAppearOnceAtTheEnd) {
+    for (int i = 0; i < 300; ++i) AddRow("SpendHistory", {{"ItemListName", QString("row %1").arg(i)}, {"ItemID", i}});
+
+    Recordset rs;
+    rs.Open("SELECT * FROM SpendHistory", db(), adOpenStatic, adLockOptimistic);
+    rs.MoveLast();  // unresolved: nothing read yet
+    rs.AddNew();
+    rs.setField("ItemListName", "added");
+    rs.Update();
+    EXPECT_EQ(rs.Field("ItemListName").toString(), "added");
+    EXPECT_GT(rs.Field("SpendID").toInt(), 300);
+
+    // Another writer's row after this cursor opened stays out of it.
+    AddRow("SpendHistory", {{"ItemListName", "someone else"}});
+
+    rs.MoveFirst();
+    int seen = 0;
+    QString last;
+    while (!rs.IsEOF()) {
+        ++seen;
+        last = rs.Field("ItemListName").toString();
+        rs.MoveNext();
+    }
+    EXPECT_EQ(seen, 301);
+    EXPECT_EQ(last, "added");
+}
+
+TEST_F(DatabaseTest, EditsWriteOnlyTheAssignedColumns) {
+    AddRow("Recipie", {{"Title", "Stew"}, {"Servings", "4 Servings"}, {"TimesUsed", 2}});
+    Recordset a;
+    a.Open("SELECT * FROM Recipie WHERE [Title] = 'Stew'", db(), adOpenKeyset, adLockOptimistic);
+    Recordset b;
+    b.Open("SELECT * FROM Recipie WHERE [Title] = 'Stew'", db(), adOpenKeyset, adLockOptimistic);
+    a.setField("Servings", "6 Servings");
+    a.Update();
+    b.setField("TimesUsed", 3);
+    b.Update();  // must not put back b's stale Servings
+    EXPECT_EQ(Column("SELECT * FROM Recipie", "Servings"), QStringList({"6 Servings"}));
+    EXPECT_EQ(Column("SELECT * FROM Recipie", "TimesUsed"), QStringList({"3"}));
+}
+
+class DatabaseFileTest : public LarderTest {};
+
+TEST_F(DatabaseFileTest, FilesThatAreNotUsableDatabasesAreRefusedAndLeftUntouched) {
+    CloseDatabase();
+    Database db;
+
+    const QString missing = HomeFile("nothing.mdb");
+    EXPECT_THROW(db.Open(missing), DbError);
+    EXPECT_FALSE(QFile::exists(missing));
+
+    const QString junk = HomeFile("junk.mdb");
+    QByteArray bytes;
+    for (int i = 0; i < 4096; ++i) bytes.append(char((i * 7919) % 251));
+    {
+        QFile f(junk);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    }
+    EXPECT_THROW(db.Open(junk), DbError);
+    QFile f(junk);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), bytes);
+    EXPECT_FALSE(QFile::exists(junk + "-wal"));
+
+    const QString empty = HomeFile("empty.mdb");
+    QFile(empty).open(QIODevice::WriteOnly);
+    EXPECT_THROW(db.Open(empty), DbError);
+    EXPECT_EQ(QFileInfo(empty).size(), 0);
+}
+
+TEST_F(DatabaseFileTest, ReadOnlyAndLockedDatabasesAreRefused) {
+    CloseDatabase();
+    const QString path = HomeFile("Larderkeep.mdb");
+    Database db;
+
+    // Another program holding the write lock.
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    try {
+        db.Open(path);
+        ADD_FAILURE() << "a locked database opened";
+    } catch (const DbError& e) {
+        EXPECT_NE(e.description().indexOf("locked"), -1) << e.description().toStdString();
+    }
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    EXPECT_FALSE(db.IsOpen());
+
+    if (getuid() != 0) {  // root can write through any permission
+        QFile::setPermissions(path, QFile::ReadOwner);
+        EXPECT_THROW(db.Open(path), DbError);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    EXPECT_NO_THROW(db.Open(path));
+}
+
+TEST(QueryDialect, RewritesNamesDatesTextsAndTruthWords) {
+    EXPECT_EQ(Database::TranslateQuery("SELECT * FROM Coupons WHERE [Expiration] < #11/22/2026# AND x = True"),
+              "SELECT * FROM Coupons WHERE \"Expiration\" < '2026-11-22' AND x = 1");
+    EXPECT_EQ(Database::TranslateQuery("SELECT * FROM Meal WHERE [Dates] = #1/1/50 1:05:00 PM#"),
+              "SELECT * FROM Meal WHERE \"Dates\" = '1950-01-01 13:05:00'");
+    EXPECT_EQ(Database::TranslateQuery("SELECT * FROM Cookbook WHERE [Name] = \"Mom's\" AND [a] = 'True #1/1/50#'"),
+              "SELECT * FROM Cookbook WHERE \"Name\" = 'Mom''s' AND \"a\" = 'True #1/1/50#'");
+    EXPECT_EQ(Database::TranslateQuery("SELECT * FROM Product WHERE [Name] LIKE '*x' AND [Fat Calories] = False"),
+              "SELECT * FROM Product WHERE \"Name\" LIKE '*x' AND \"Fat Calories\" = 0");
+}
+
+}  // namespace

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/ScriptedUi.h"
+
+#include <QString>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+// Every test gets a program folder of its own with the starting database open as
+// the main connection, its own settings file, the clock pinned to a Sunday
+// morning, and a scripted message-box service that fails on any box the test
+// did not expect.
+class LarderTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    QString Home() const { return home_; }
+    QString HomeFile(const QString& name) const;
+    QString SettingsFile() const { return settings_; }
+
+    // The program folder without a database open (for start-up tests).
+    void CloseDatabase();
+
+    ScriptedUi ui;
+
+private:
+    QTemporaryDir dir_;
+    QString home_;
+    QString settings_;
+};
+
+// The shared folder of real exchange files, read in place.
+QString SharedTestData(const QString& relative);
