@@ -72,6 +72,10 @@ public:
     sqlite3_stmt* CachedStatement(const QString& sql);
     sqlite3* Handle() const { return db_; }
     [[noreturn]] void ThrowLastError() const;
+    // Writes made while a cursor is still reading commit only when that cursor
+    // closes, and SQLite's own checkpoint never sees them; closing cursors
+    // report their writes here so the log is folded back now and then.
+    void WritesFinished(int count);
 
 private:
     static int Authorize(void* self, int action, const char*, const char*, const char*, const char*);
@@ -81,6 +85,7 @@ private:
     QString path_;
     QString connectionString_;
     bool guard_ = false;
+    int writesSinceCheckpoint_ = 0;
     QHash<QString, std::shared_ptr<TableInfo>> tables_;
     QHash<QString, sqlite3_stmt*> statements_;
 };

@@ -181,6 +181,8 @@ Recordset::~Recordset() { Close(); }
 void Recordset::Close() {
     if (stmt_) sqlite3_finalize(stmt_);
     stmt_ = nullptr;
+    if (db_ && writes_ > 0) db_->WritesFinished(writes_);
+    writes_ = 0;
     db_ = nullptr;
     done_ = false;
     rows_.clear();
@@ -188,6 +190,7 @@ void Recordset::Close() {
     ownRowids_.clear();
     columns_.clear();
     index_.clear();
+    recent_.fill({});
     pending_.clear();
     edit_ = Edit::None;
     at_ = At::EOF_;
@@ -344,8 +347,11 @@ bool Recordset::FetchOne() const {
             first = 1;
             // Writes made while this cursor is half read may surface again in
             // the statement; this cursor already holds them, or never saw them.
-            if (row.rowid > maxRowidAtOpen_ || ownRowids_.contains(row.rowid)) continue;
-            ownRowids_.insert(row.rowid);
+            if (row.rowid > maxRowidAtOpen_) continue;
+            if (anyWrites_) {
+                if (ownRowids_.contains(row.rowid)) continue;
+                ownRowids_.insert(row.rowid);
+            }
         }
         row.values.reserve(columns_.size());
         for (size_t i = 0; i < columns_.size(); ++i)
@@ -425,6 +431,8 @@ bool Recordset::IsEOF() const {
 qint32 Recordset::RecordCount() {
     RequireOpen();
     if (cursorType_ == adOpenForwardOnly) return -1;
+    // A short result is cheaper to read than to count with a second query.
+    for (int i = 0; i < 64 && !done_; ++i) FetchOne();
     if (!done_ && !anyWrites_) {
         if (countCache_ < 0) {
             sqlite3_stmt* st = db_->PrepareQuery(QStringLiteral("SELECT COUNT(*) FROM (") + sql_ + QLatin1Char(')'));
@@ -513,9 +521,25 @@ Recordset::Row* Recordset::CurrentRow() const {
 }
 
 int Recordset::ColumnIndex(const QString& name) const {
+    // Loops read the same few names row after row; an exact match with a recent
+    // name spares folding its case again.
+    for (const auto& [cached, col] : recent_)
+        if (cached.size() == name.size() && cached == name) return col;
     const auto it = index_.constFind(name.toLower());
     if (it == index_.cend()) throw RuntimeError(Err::ItemNotFound);
+    recent_[recentNext_] = {name, *it};
+    recentNext_ = (recentNext_ + 1) % int(recent_.size());
     return *it;
+}
+
+// Rows already read must not surface again once this cursor starts writing.
+void Recordset::NoteWriting() {
+    ++writes_;
+    if (anyWrites_) return;
+    anyWrites_ = true;
+    countCache_ = -1;
+    if (done_) return;
+    for (const Row& r : rows_) ownRowids_.insert(r.rowid);
 }
 
 void Recordset::RequireOpen() const {
@@ -580,8 +604,7 @@ void Recordset::Update() {
         names << Quoted(columns_[it.key()].origin);
         values << it.value();
     }
-    anyWrites_ = true;
-    countCache_ = -1;
+    NoteWriting();
     if (edit_ == Edit::Adding) {
         QString sql;
         if (names.isEmpty()) {
@@ -652,7 +675,6 @@ void Recordset::Delete() {
     const int rc = sqlite3_step(st);
     sqlite3_reset(st);
     if (rc != SQLITE_DONE) db_->ThrowLastError();
+    NoteWriting();
     row->deleted = true;
-    anyWrites_ = true;
-    countCache_ = -1;
 }

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QSet>
 #include <QVariant>
+#include <array>
+#include <utility>
 #include <vector>
 
 // A cursor over one SELECT, in the manner the program's classes expect: it opens
@@ -64,6 +66,7 @@ private:
     Row* CurrentRow() const;
     int ColumnIndex(const QString& name) const;
     void RequireOpen() const;
+    void NoteWriting();
     void RequireUpdatable() const;
     void FlushEdit();
     QVariant ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const;
@@ -81,6 +84,8 @@ private:
     QString table_;
     std::vector<Column> columns_;
     QHash<QString, int> index_;
+    mutable std::array<std::pair<QString, int>, 8> recent_;
+    mutable int recentNext_ = 0;
 
     // The statement is stepped lazily; rows already seen stay cached so the
     // cursor can move back.
@@ -94,6 +99,7 @@ private:
     mutable int pos_ = 0;
     mutable qint32 countCache_ = -1;
     bool anyWrites_ = false;
+    int writes_ = 0;
 
     enum class Edit { None, Editing, Adding };
     Edit edit_ = Edit::None;

@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build ccache
-  qt6-base-dev qt6-charts-dev libgl-dev qt6-qpa-plugins
+  qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev qt6-qpa-plugins
   libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
   wamerican xvfb
 )
