@@ -1,2 +1,23 @@
+#include "core/frmMain.h"
+#include "platform/FirstStart.h"
+#include "platform/Ui.h"
+
 #include <QApplication>
-int main(int argc, char** argv) { QApplication app(argc, argv); return 0; }
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Larderkeep"));
+    QString error;
+    if (!FirstStart::Run(&error)) {
+        MsgBox(error, vb::vbCritical, QStringLiteral("Larderkeep"));
+        return 1;
+    }
+    QStringList args = QApplication::arguments();
+    args.removeFirst();
+    frmMain window;
+    window.SetCommandLine(args.join(QLatin1Char(' ')));
+    window.show();
+    window.Form_Load();
+    if (window.Ended()) return 0;
+    return app.exec();
+}

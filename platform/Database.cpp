@@ -185,6 +185,25 @@ void Database::CreateFile(const QString& path, const QStringList& scripts) {
     }
 }
 
+void Database::CompactFile(const QString& source, const QString& target) {
+    if (!QFileInfo::exists(source)) throw DbError(QStringLiteral("Could not find file '%1'.").arg(source));
+    if (QFileInfo::exists(target)) throw DbError(QStringLiteral("Database '%1' already exists.").arg(target));
+    sqlite3* db = nullptr;
+    int rc = sqlite3_open_v2(QFile::encodeName(source).constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    QString why;
+    if (rc == SQLITE_OK) {
+        const QByteArray sql = QStringLiteral("VACUUM INTO '%1'").arg(QString(target).replace('\'', "''")).toUtf8();
+        char* err = nullptr;
+        rc = sqlite3_exec(db, sql.constData(), nullptr, nullptr, &err);
+        if (rc != SQLITE_OK) why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
+        sqlite3_free(err);
+    } else {
+        why = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc));
+    }
+    sqlite3_close_v2(db);
+    if (!why.isEmpty()) throw DbError(why);
+}
+
 int Database::Authorize(void* self, int action, const char*, const char*, const char*, const char*) {
     auto* db = static_cast<Database*>(self);
     if (!db->guard_) return SQLITE_OK;

@@ -60,6 +60,9 @@ public:
     // Builds a new database file from scripts run in one transaction.
     static void CreateFile(const QString& path, const QStringList& scripts);
 
+    // Writes a compacted copy of a closed database file to a new file.
+    static void CompactFile(const QString& source, const QString& target);
+
     // Rewrites the query dialect the program writes ([names], #dates#, "texts",
     // True/False) into SQLite's.
     static QString TranslateQuery(const QString& sql);
