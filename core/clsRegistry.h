@@ -3,203 +3,283 @@
 #include <QString>
 #include <QVariant>
 
-// Every preference of the program, read from and written to the settings store at
-// each use: nothing is cached, so a change is in force at once. Reads convert
-// the stored text; a value that will not convert raises in the caller.
+// Every preference of the program, read from and written to the settings store
+// (section "Settings" unless noted) at each use. Nothing is cached, so a change
+// is in force at once, also for another clsRegistry.
 //
-// The property tables below list key, property (one overloaded name: read and
-// write), and default. Where a write has a name of its own, the plain name only reads.
-// One line of a property table: the read and the write of one key.
-#define LK_REG_DECLARE(Type, Prop, Key, Default) \
-    Type Prop();                                 \
-    void Prop(Type v);
-
+// A property is one overloaded name: `bool AllowExplode()` reads,
+// `void AllowExplode(bool)` writes. Where a write has a name of its own
+// (`DateDisplayFormatWrite`), the plain name only reads.
+//
+// Reads of an absent key give the default and write nothing. Stored text is
+// converted by the program's value rules (CBool, CInt, CLng), so a value edited
+// by hand that will not convert raises RuntimeError ("Type mismatch",
+// "Overflow") in the caller; this class traps nothing. Booleans are written
+// "True"/"False" and "-1" reads as true. Variant settings read back the stored
+// text as it is, and the language's Empty when there is none and no default.
+// The defaults of the paths follow the program folder.
 class clsRegistry {
 public:
     // --- General ---------------------------------------------------------
     QVariant CurrentListFont();
-    void CurrentListFontWrite(const QVariant& v);
+    void CurrentListFontWrite(const QVariant& value);
     QVariant CurrentListFontColor();
-    void CurrentListFontColorWrite(const QVariant& v);
+    void CurrentListFontColorWrite(const QVariant& value);
     QString DateDisplayFormat();
-    void DateDisplayFormatWrite(const QString& v);
+    void DateDisplayFormatWrite(const QString& value);
     QVariant MainToolbar();
-#define LK_REG_GENERAL(X)                                                       \
-    X(bool, SpellCheckAvailable, "SC_AVAILABLE", false)                         \
-    X(QString, DictionaryPath, "DICT_PATH", Computed("dictionary.dic"))         \
-    X(QString, HelpFile, "HELP_FILE", Computed("Larder.chm"))                   \
-    X(qint32, EmailFileFormat, "FILE_FORMAT", 2)                                \
-    X(qint32, EmailFilePlacement, "FILE_PLACE", 2)                              \
-    X(QString, DatabasePath, "DB_PATH", Computed("Larderkeep.mdb"))             \
-    X(QString, QuickViewOptions, "QV_OPTIONS", "")                              \
-    X(bool, IncludeDefaultAddress, "Include_Default_Client", false)             \
-    X(QString, ExportFilePath, "EXPORT_PATH", Computed("Export"))               \
-    X(bool, AddExportsToMRU, "EXPORT_ON_MRU", true)
-    LK_REG_GENERAL(LK_REG_DECLARE)
+    bool SpellCheckAvailable();
+    void SpellCheckAvailable(bool value);
+    QString DictionaryPath();
+    void DictionaryPath(const QString& value);
+    QString HelpFile();
+    void HelpFile(const QString& value);
+    qint32 EmailFileFormat();
+    void EmailFileFormat(qint32 value);
+    qint32 EmailFilePlacement();
+    void EmailFilePlacement(qint32 value);
+    QString DatabasePath();
+    void DatabasePath(const QString& value);
+    QString QuickViewOptions();
+    void QuickViewOptions(const QString& value);
+    bool IncludeDefaultAddress();
+    void IncludeDefaultAddress(bool value);
+    QString ExportFilePath();
+    void ExportFilePath(const QString& value);
+    bool AddExportsToMRU();
+    void AddExportsToMRU(bool value);
     bool PalmAppsInstalled();
-#define LK_REG_GENERAL2(X)                                                      \
-    X(bool, PalmCostingInstalled, "PalmCostingInstall", false)                  \
-    X(bool, PalmShoplistInstalled, "PalmShoppingInstall", false)
-    LK_REG_GENERAL2(LK_REG_DECLARE)
+    bool PalmCostingInstalled();
+    void PalmCostingInstalled(bool value);
+    bool PalmShoplistInstalled();
+    void PalmShoplistInstalled(bool value);
     QVariant MessageView();
-    void MessageViewWrite(const QVariant& v);
-#define LK_REG_GENERAL3(X)                                                      \
-    X(bool, AlwaysPrintPreview, "LIST_PREVIEW", true)                           \
-    X(bool, PromptBeforeInventoryAdd, "INV_PROMPT", false)                      \
-    X(bool, PromptOnMultiCategory, "CAT_PROMPT", true)                          \
-    X(bool, PrintCouponWithShoplist, "PRINT_COUPONLIST", true)                  \
-    X(QString, DefaultFaxStore, "DEFAULT_FAX", "")                              \
-    X(QString, FaxName, "FAX_NAME", "")                                         \
-    X(bool, ShowCostAlternative, "ShowCostAlternative", true)
-    LK_REG_GENERAL3(LK_REG_DECLARE)
+    void MessageViewWrite(const QVariant& value);
+    bool AlwaysPrintPreview();
+    void AlwaysPrintPreview(bool value);
+    bool PromptBeforeInventoryAdd();
+    void PromptBeforeInventoryAdd(bool value);
+    bool PromptOnMultiCategory();
+    void PromptOnMultiCategory(bool value);
+    bool PrintCouponWithShoplist();
+    void PrintCouponWithShoplist(bool value);
+    QString DefaultFaxStore();
+    void DefaultFaxStore(const QString& value);
+    QString FaxName();
+    void FaxName(const QString& value);
+    bool ShowCostAlternative();
+    void ShowCostAlternative(bool value);
     QVariant PrintBackground();
-    void PrintBackgroundWrite(const QVariant& v);
-#define LK_REG_GENERAL4(X)                                                      \
-    X(bool, SaveReportCopy, "REPORT_BACKUP", true)                              \
-    X(QString, SaveReportDirectory, "REPORT_BACKUP_DIRECTORY", Computed(""))    \
-    X(QString, StartupCookbook, "START_COOKBOOK", "General")
-    LK_REG_GENERAL4(LK_REG_DECLARE)
+    void PrintBackgroundWrite(const QVariant& value);
+    bool SaveReportCopy();
+    void SaveReportCopy(bool value);
+    QString SaveReportDirectory();
+    void SaveReportDirectory(const QString& value);
+    QString StartupCookbook();
+    void StartupCookbook(const QString& value);
     QVariant AllowConversion();
-    void AllowConversionWrite(const QVariant& v);
-#define LK_REG_GENERAL5(X)                                                      \
-    X(bool, AllowExplode, "ALLOW_EXPLODE", true)                                \
-    X(qint16, ExplodeRate, "EXPLODE_RATE", 500)                                 \
-    X(bool, ComboAutoComplete, "COMBO_COMPLETE", true)                          \
-    X(bool, FormAutoComplete, "FORM_COMPLETE", true)                            \
-    X(bool, UseBackgroundBands, "LV_BANDS", false)                              \
-    X(bool, SaveQuickSearch, "SAVE_QS", false)                                  \
-    X(bool, ExpandRecipeList, "EXPAND_RECIPES", false)                          \
-    X(QString, DrinkCategory, "DRINK_CATEGORY", "<Enter or Select>")            \
-    X(qint32, InventoryMatchType, "ING_MATCH_TYPE", 3)                          \
-    X(QString, WebpageEditorPath, "EDIT_PATH", "")
-    LK_REG_GENERAL5(LK_REG_DECLARE)
+    void AllowConversionWrite(const QVariant& value);
+    bool AllowExplode();
+    void AllowExplode(bool value);
+    qint16 ExplodeRate();
+    void ExplodeRate(qint16 value);
+    bool ComboAutoComplete();
+    void ComboAutoComplete(bool value);
+    bool FormAutoComplete();
+    void FormAutoComplete(bool value);
+    bool UseBackgroundBands();
+    void UseBackgroundBands(bool value);
+    bool SaveQuickSearch();
+    void SaveQuickSearch(bool value);
+    bool ExpandRecipeList();
+    void ExpandRecipeList(bool value);
+    QString DrinkCategory();
+    void DrinkCategory(const QString& value);
+    qint32 InventoryMatchType();
+    void InventoryMatchType(qint32 value);
+    QString WebpageEditorPath();
+    void WebpageEditorPath(const QString& value);
     QVariant PromptBeforeAdd();
-    void PromptBeforeAddSet(const QVariant& v);
-#define LK_REG_GENERAL6(X)                                                      \
-    X(QString, CurrentShoppingList, "CURRENT_SHOP_LIST", "")                    \
-    X(bool, UseLastListAsCurrent, "Last_List_Default", true)                    \
-    X(bool, PromptMealItemAddition, "PROMPT_MEAL_ADDITIONS", true)              \
-    X(bool, AddListMessageItem, "ADD_MESSAGE", true)                            \
-    X(bool, CheckLowerCost, "CHECK_LOWCOST", true)                              \
-    X(qint32, AttachmentListFormat, "ATTACHMENT_DISPLAY", 0)                    \
-    X(qint32, ShopListFormat, "SHOPLIST_DISPLAY", 3)
-    LK_REG_GENERAL6(LK_REG_DECLARE)
+    void PromptBeforeAddSet(const QVariant& value);
+    QString CurrentShoppingList();
+    void CurrentShoppingList(const QString& value);
+    bool UseLastListAsCurrent();
+    void UseLastListAsCurrent(bool value);
+    bool PromptMealItemAddition();
+    void PromptMealItemAddition(bool value);
+    bool AddListMessageItem();
+    void AddListMessageItem(bool value);
+    bool CheckLowerCost();
+    void CheckLowerCost(bool value);
+    qint32 AttachmentListFormat();
+    void AttachmentListFormat(qint32 value);
+    qint32 ShopListFormat();
+    void ShopListFormat(qint32 value);
 
     // --- Coupons and inventory -------------------------------------------
-#define LK_REG_COUPONS(X)                                                       \
-    X(qint16, CouponExpireDays, "EXPIRE_DAYS", 14)                              \
-    X(bool, CouponExpireNofication, "EXPIRE_NOTIFICATION", false)               \
-    X(qint32, CouponExpiredAction, "EXPIRE_ACTION", 3)                          \
-    X(bool, DisplayExpiredReport, "EXPIRE_REPORT", false)                       \
-    X(bool, CouponAddReminder, "COUPON_REMINDER", true)                         \
-    X(bool, ConsiderInventoryEmpty, "INVENTORY_EXPIRES", true)                  \
-    X(qint16, InventoryDays, "INVENTORY_DAYS", 30)                              \
-    X(bool, InventoryOnNextList, "INVENTORY_NEXT", true)                        \
-    X(bool, InventoryNotifyEmpty, "INVENTORY_NOTIFY", true)                     \
-    X(bool, InventoryRemoveEmpty, "INVENTORY_REMOVE", true)                     \
-    X(bool, PurgeCostHistory, "PURGE_COST", true)                               \
-    X(qint16, CostHistoryMonths, "HISTORY_MONTHS", 6)
-    LK_REG_COUPONS(LK_REG_DECLARE)
+    qint16 CouponExpireDays();
+    void CouponExpireDays(qint16 value);
+    bool CouponExpireNofication();
+    void CouponExpireNofication(bool value);
+    qint32 CouponExpiredAction();
+    void CouponExpiredAction(qint32 value);
+    bool DisplayExpiredReport();
+    void DisplayExpiredReport(bool value);
+    bool CouponAddReminder();
+    void CouponAddReminder(bool value);
+    bool ConsiderInventoryEmpty();
+    void ConsiderInventoryEmpty(bool value);
+    qint16 InventoryDays();
+    void InventoryDays(qint16 value);
+    bool InventoryOnNextList();
+    void InventoryOnNextList(bool value);
+    bool InventoryNotifyEmpty();
+    void InventoryNotifyEmpty(bool value);
+    bool InventoryRemoveEmpty();
+    void InventoryRemoveEmpty(bool value);
+    bool PurgeCostHistory();
+    void PurgeCostHistory(bool value);
+    qint16 CostHistoryMonths();
+    void CostHistoryMonths(qint16 value);
 
     // --- Ingredient alternatives -----------------------------------------
     bool DockMeasurements();
-    void DockMeasurementsSet(bool v);
-#define LK_REG_ALTERNATIVES(X)                                                  \
-    X(bool, IngredientAlternatives, "ALT_INGREDIENT", false)                    \
-    X(bool, LowerSodium, "LOW_SODIUM", false)                                   \
-    X(bool, LowerCalories, "LOW_CALORIES", false)                               \
-    X(bool, LowerFat, "LOW_FAT", false)                                         \
-    X(bool, LowerCholesterol, "LOW_CHOLESTEROL", false)                         \
-    X(bool, HigherCalcium, "HI_CALCIUM", false)                                 \
-    X(bool, HigherIron, "HI_IRON", false)                                       \
-    X(bool, HigherVitaminC, "HI_VITC", false)
-    LK_REG_ALTERNATIVES(LK_REG_DECLARE)
+    void DockMeasurementsSet(bool value);
+    bool IngredientAlternatives();
+    void IngredientAlternatives(bool value);
+    bool LowerSodium();
+    void LowerSodium(bool value);
+    bool LowerCalories();
+    void LowerCalories(bool value);
+    bool LowerFat();
+    void LowerFat(bool value);
+    bool LowerCholesterol();
+    void LowerCholesterol(bool value);
+    bool HigherCalcium();
+    void HigherCalcium(bool value);
+    bool HigherIron();
+    void HigherIron(bool value);
+    bool HigherVitaminC();
+    void HigherVitaminC(bool value);
 
     // --- Database upkeep and meals ---------------------------------------
-#define LK_REG_UPKEEP(X)                                                        \
-    X(qint32, DBCompact, "DB_COMPACT", 1)                                       \
-    X(QString, LastCompact, "DB_LASTCOMPACT", "Never")                          \
-    X(qint32, CheckForUpgrade, "UPGRADE_CHK", 3)                                \
-    X(qint32, BackupAction, "DB_BACKUP", 3)                                     \
-    X(QString, LastBackup, "LAST_BACKUP", "Never")                              \
-    X(bool, BackupReminder, "BACKUP_REMINDER", false)                           \
-    X(qint32, MealAction, "EXPIRED_MEAL_ACTION", 2)                             \
-    X(bool, ExpandNewMealDate, "EXPAND_MEAL", false)                            \
-    X(bool, WarnEmptyCourses, "COURSE_WARN", true)                              \
-    X(qint16, MealTargetCalories, "TARGET_CALORIES", 2000)                      \
-    X(bool, MealTargetCaloriesMax, "TARGET_CALORIES_MAX", true)                 \
-    X(bool, EnforceMealTargets, "ENFORCE_TARGETS", false)
-    LK_REG_UPKEEP(LK_REG_DECLARE)
+    qint32 DBCompact();
+    void DBCompact(qint32 value);
+    QString LastCompact();
+    void LastCompact(const QString& value);
+    qint32 CheckForUpgrade();
+    void CheckForUpgrade(qint32 value);
+    qint32 BackupAction();
+    void BackupAction(qint32 value);
+    QString LastBackup();
+    void LastBackup(const QString& value);
+    bool BackupReminder();
+    void BackupReminder(bool value);
+    qint32 MealAction();
+    void MealAction(qint32 value);
+    bool ExpandNewMealDate();
+    void ExpandNewMealDate(bool value);
+    bool WarnEmptyCourses();
+    void WarnEmptyCourses(bool value);
+    qint16 MealTargetCalories();
+    void MealTargetCalories(qint16 value);
+    bool MealTargetCaloriesMax();
+    void MealTargetCaloriesMax(bool value);
+    bool EnforceMealTargets();
+    void EnforceMealTargets(bool value);
 
-    // --- Mail (the password is kept as typed) ----------------------------
-#define LK_REG_MAIL(X)                                                          \
-    X(QString, EmailServer, "MAIL_SERVER", "")                                  \
-    X(QString, EmailAccount, "MAIL_ACCOUNT", "")                                \
-    X(QString, EmailPassword, "EMAIL_PASS", "")
-    LK_REG_MAIL(LK_REG_DECLARE)
+    // --- Mail (the password is kept as typed, in plain text) --------------
+    QString EmailServer();
+    void EmailServer(const QString& value);
+    QString EmailAccount();
+    void EmailAccount(const QString& value);
+    QString EmailPassword();
+    void EmailPassword(const QString& value);
 
-    // --- Recommended daily amounts: a number set and a text set, partly on
-    // the same keys, so one key can read 2000 one way and "1000" the other.
-#define LK_REG_RDA_NUMBERS(X)                                                   \
-    X(qint16, RDA_Calories, "RDA_Calories", 2000)                               \
-    X(qint16, RDA_Protein, "RDA_Protein", 2000)                                 \
-    X(qint16, RDA_LipidFat, "RDA_LipidFat", 2000)                               \
-    X(qint16, RDA_Carbohyrdates, "RDA_Carbohyrdates", 2000)                     \
-    X(qint16, RDA_Dietary_Fibre, "RDA_Dietary_Fibre", 2000)                     \
-    X(qint16, RDA_Calcium, "RDA_Calcium", 2000)                                 \
-    X(qint16, RDA_Ash, "RDA_Ash", 2000)
-    LK_REG_RDA_NUMBERS(LK_REG_DECLARE)
-#define LK_REG_RDA_TEXTS(X)                                                     \
-    X(QString, RDACalcium, "RDA_Calcium", "1000")                               \
-    X(QString, RDACopper, "RDA_Copper", "2")                                    \
-    X(QString, RDAIron, "RDA_Iron", "2")
-    LK_REG_RDA_TEXTS(LK_REG_DECLARE)
-    // Reads copper's key (default "3") and writes manganese's: a saved manganese
-    // value is never read back. Kept so, as the options screen has always shown it.
+    // --- Recommended daily amounts ----------------------------------------
+    // Two sets on partly the same keys: the numbers (default 2000 each) and the
+    // texts the options screen shows, so "RDA_Calcium" reads 2000 one way and
+    // "1000" the other while it is unset.
+    qint16 RDA_Calories();
+    void RDA_Calories(qint16 value);
+    qint16 RDA_Protein();
+    void RDA_Protein(qint16 value);
+    qint16 RDA_LipidFat();
+    void RDA_LipidFat(qint16 value);
+    qint16 RDA_Carbohyrdates();
+    void RDA_Carbohyrdates(qint16 value);
+    qint16 RDA_Dietary_Fibre();
+    void RDA_Dietary_Fibre(qint16 value);
+    qint16 RDA_Calcium();
+    void RDA_Calcium(qint16 value);
+    qint16 RDA_Ash();
+    void RDA_Ash(qint16 value);
+
+    QString RDACalcium();
+    void RDACalcium(const QString& value);
+    QString RDACopper();
+    void RDACopper(const QString& value);
+    QString RDAIron();
+    void RDAIron(const QString& value);
+    // Reads copper's key (default "3") but writes manganese's, so a saved
+    // manganese value is never read back and the screen shows copper's. Users'
+    // files have it that way; keep it.
     QString RDAMangenese();
-    void RDAMangenese(const QString& v);
-#define LK_REG_RDA_TEXTS2(X)                                                    \
-    X(QString, RDANiacin, "RDA_Niacin", "16")                                   \
-    X(QString, RDAPotassium, "RDA_Potassium", "2000")                           \
-    X(QString, RDARiboflavin, "RDA_Riboflavin", "1.3")                          \
-    X(QString, RDASodium, "RDA_Sodium", "500")                                  \
-    X(QString, RDAThiamin, "RDA_Thiamin", "1.2")                                \
-    X(QString, RDAVitaminA, "RDA_VitaminA", "1000")                             \
-    X(QString, RDAVitaminB12, "RDA_VitaminB12", "2.4")                          \
-    X(QString, RDAVitaminB6, "RDA_VitaminB6", "1.3")                            \
-    X(QString, RDAVitaminC, "RDA_VitaminC", "60")                               \
-    X(QString, RDAVitaminE, "RDA_VitaminE", "10")                               \
-    X(QString, RDAZinc, "RDA_Zinc", "15")                                       \
-    X(QString, RDABasis, "RDA_Basis", "Adult Male (31-50 yrs)")
-    LK_REG_RDA_TEXTS2(LK_REG_DECLARE)
+    void RDAMangenese(const QString& value);
+    QString RDANiacin();
+    void RDANiacin(const QString& value);
+    QString RDAPotassium();
+    void RDAPotassium(const QString& value);
+    QString RDARiboflavin();
+    void RDARiboflavin(const QString& value);
+    QString RDASodium();
+    void RDASodium(const QString& value);
+    QString RDAThiamin();
+    void RDAThiamin(const QString& value);
+    QString RDAVitaminA();
+    void RDAVitaminA(const QString& value);
+    QString RDAVitaminB12();
+    void RDAVitaminB12(const QString& value);
+    QString RDAVitaminB6();
+    void RDAVitaminB6(const QString& value);
+    QString RDAVitaminC();
+    void RDAVitaminC(const QString& value);
+    QString RDAVitaminE();
+    void RDAVitaminE(const QString& value);
+    QString RDAZinc();
+    void RDAZinc(const QString& value);
+    QString RDABasis();
+    void RDABasis(const QString& value);
 
-    // --- Kept as names only ---------------------------------------------
+    // --- Kept for the callers that still name them; they do nothing --------
     qint32 RecentlyUsed() { return 0; }
     void RecentlyUsed(qint32) {}
     void SetLVForm() {}
 
-    // --- Window places ----------------------------------------------------
+    // --- Window places ------------------------------------------------------
+    // FormSettingName chooses the window the next calls are about; the keys are
+    // "<name>-Top", "-Height", "-Width", "-Left", default 0 (never saved).
     void FormSettingName(const QString& name) { formName_ = name; }
     qint32 FormTop();
-    void FormTop(qint32 v);
+    void FormTop(qint32 value);
     qint32 FormHeight();
-    void FormHeight(qint32 v);
+    void FormHeight(qint32 value);
     qint32 FormWidth();
-    void FormWidth(qint32 v);
+    void FormWidth(qint32 value);
     qint32 FormLeft();
-    void FormLeft(qint32 v);
+    void FormLeft(qint32 value);
 
-    // The spell-check window's place, in its own section.
+    // The spell-check window's place, section "WindowSettings"; 0 when never saved.
     float SpellLeft();
-    void SpellLeft(float v);
+    void SpellLeft(float value);
     float SpellTop();
-    void SpellTop(float v);
+    void SpellTop(float value);
 
-    // Keys read outside this class by their literal names.
+    // Keys that other code reads by their literal names ("InstallDir",
+    // "Show Tips at Startup"); plain text, as GetSetting/SaveSetting.
     QString GetValue(const QString& section, const QString& key, const QString& def = QString());
     void SetValue(const QString& section, const QString& key, const QString& value);
 
 private:
-    static QString Computed(const char* name);
     QString formName_;
 };

@@ -1,72 +1,117 @@
 #!/usr/bin/env python3
-"""Builds resources/data/nutrition.sql, the Nutrition table of the starting
-database, from the USDA Standard Reference (release 21) files.
+"""Writes resources/data/nutrition.sql, the Nutrition table of the starting
+database, from the USDA National Nutrient Database for Standard Reference
+(release 21). The program itself never reads the USDA files.
 
-The program never reads the USDA files itself; rerun this script when the
-source data changes:  scripts/make-nutrition.py [usda-folder] [output]
+    scripts/make-nutrition.py [usda-folder] [output-file]
+
+The folder defaults to ../shared/data/usda-sr21 beside the repository.
 """
 import os
 import sys
+from decimal import Decimal
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-SOURCE = sys.argv[1] if len(sys.argv) > 1 else os.path.join(ROOT, "..", "shared", "data", "usda-sr21")
-OUTPUT = sys.argv[2] if len(sys.argv) > 2 else os.path.join(ROOT, "resources", "data", "nutrition.sql")
+DEFAULT_SOURCE = os.path.join(ROOT, "..", "shared", "data", "usda-sr21")
+DEFAULT_OUTPUT = os.path.join(ROOT, "resources", "data", "nutrition.sql")
 
-# Nutrition column -> 1-based field of ABBREV.txt (see the data's README).
-FIELDS = [
+# Nutrition column -> field of ABBREV.txt, counted from 1 as the USDA
+# documentation counts them. Vitamin A is taken in micrograms (RAE), the unit
+# the recommended daily amounts of the options screen are given in.
+NUMBERS = [
     ("Calories", 4), ("Protein", 5), ("Carbohyrdates", 8), ("Dietary_fibre", 9), ("ash", 7),
     ("Calcium", 11), ("Iron", 12), ("Sodium", 16), ("Potassium", 15), ("magnesium", 13),
-    ("zinc", 17), ("copper", 18), ("Thiamin", 22), ("Vitamin_a", 33), ("Vitamin_e", 41),
+    ("zinc", 17), ("copper", 18), ("Thiamin", 22), ("Vitamin_a", 34), ("Vitamin_e", 41),
     ("Vitamin_C", 21), ("Riboflavin", 23), ("Niacin", 24), ("Vitamin_B6", 26), ("vitamin_b12", 32),
     ("saturated_fat", 43), ("Monounsqaturated_fat", 44), ("Polyunsaturated_Fat", 45),
-    ("Cholesterol", 46), ("Total Fat", 6), ("Gram_Weight_1", 47), ("Gram_Weight_2", 49),
+    ("Cholesterol", 46),
 ]
-TEXTS = [("Gram_Weight_1_Description", 48), ("Gram_Weight_2_Description", 50)]
-KCAL_PER_GRAM_FAT = 9
+LIPID = 6
+KCAL_PER_GRAM_OF_FAT = Decimal(9)
+WEIGHTS = [("Gram_Weight_1", 47, "Gram_Weight_1_Description", 48),
+           ("Gram_Weight_2", 49, "Gram_Weight_2_Description", 50)]
+ABBREV_FIELDS = 51
+ROWS_PER_INSERT = 200
 
 
-def fields(line):
-    out = []
-    for f in line.rstrip("\r\n").split("^"):
-        if f.startswith("~") and f.endswith("~") and len(f) >= 2:
-            f = f[1:-1]
-        out.append(f)
-    return out
+def parse_line(line):
+    """One record of the USDA ASCII format: '^' between fields, '~' around text."""
+    fields = []
+    for field in line.rstrip("\r\n").split("^"):
+        if len(field) >= 2 and field.startswith("~") and field.endswith("~"):
+            field = field[1:-1]
+        fields.append(field)
+    return fields
 
 
-def read(name):
-    with open(os.path.join(SOURCE, name), encoding="latin-1") as f:
-        return [fields(line) for line in f if line.strip()]
+def read_records(folder, name):
+    with open(os.path.join(folder, name), encoding="latin-1", newline="") as f:
+        return [parse_line(line) for line in f if line.strip()]
 
 
 def sql_text(value):
-    return "'" + value.replace("'", "''") + "'" if value != "" else "NULL"
+    return "NULL" if value == "" else "'" + value.replace("'", "''") + "'"
 
 
 def sql_number(value):
-    return value if value != "" else "NULL"
+    if value == "":
+        return "NULL"
+    Decimal(value)  # refuses anything that is not a plain number before it reaches SQL
+    return value
 
 
-def main():
-    names = {row[0]: row[2] for row in read("FOOD_DES.txt")}
-    columns = ["ID", "NDB_No", "Item"] + [c for c, _ in FIELDS] + ["Fat Calories"] + [c for c, _ in TEXTS]
-    header = "INSERT INTO Nutrition (" + ",".join('"%s"' % c for c in columns) + ") VALUES\n"
+def fat_calories(lipid):
+    if lipid == "":
+        return "NULL"
+    return format((Decimal(lipid) * KCAL_PER_GRAM_OF_FAT).normalize(), "f")
+
+
+def build_rows(folder):
+    descriptions = {r[0]: r[2] for r in read_records(folder, "FOOD_DES.txt")}
+    foods = read_records(folder, "ABBREV.txt")
+    bad = [r[0] for r in foods if len(r) != ABBREV_FIELDS]
+    if bad:
+        raise SystemExit("ABBREV.txt: unexpected field count for %s" % ", ".join(bad[:5]))
+    # USDA number order: stable IDs whatever order the file comes in.
+    foods.sort(key=lambda r: r[0])
     rows = []
-    for i, f in enumerate(read("ABBREV.txt"), start=1):
+    for number, f in enumerate(foods, start=1):
         ndb = f[0]
-        values = [str(i), sql_text(ndb), sql_text(names.get(ndb, f[1]))]
-        values += [sql_number(f[n - 1]) for _, n in FIELDS]
-        lipid = f[5]
-        values.append(("%.2f" % (float(lipid) * KCAL_PER_GRAM_FAT)) if lipid != "" else "NULL")
-        values += [sql_text(f[n - 1]) for _, n in TEXTS]
+        if ndb not in descriptions:
+            raise SystemExit("FOOD_DES.txt has no description for %s" % ndb)
+        values = [str(number), sql_text(ndb), sql_text(descriptions[ndb])]
+        values += [sql_number(f[i - 1]) for _, i in NUMBERS]
+        values += [fat_calories(f[LIPID - 1]), sql_number(f[LIPID - 1])]
+        for _, weight, _, description in WEIGHTS:
+            values += [sql_number(f[weight - 1]), sql_text(f[description - 1])]
         rows.append("(" + ",".join(values) + ")")
-    os.makedirs(os.path.dirname(OUTPUT), exist_ok=True)
-    with open(OUTPUT, "w", encoding="utf-8", newline="\n") as out:
-        out.write("-- Generated by scripts/make-nutrition.py from USDA SR21; do not edit.\n")
-        for start in range(0, len(rows), 200):
-            out.write(header + ",\n".join(rows[start:start + 200]) + ";\n")
-    print("%d foods written to %s" % (len(rows), OUTPUT))
+    return rows
+
+
+def columns():
+    names = ["ID", "NDB_No", "Item"] + [c for c, _ in NUMBERS] + ["Fat Calories", "Total Fat"]
+    for weight, _, description, _ in WEIGHTS:
+        names += [weight, description]
+    return names
+
+
+def main(argv):
+    if len(argv) > 3 or (len(argv) > 1 and argv[1] in ("-h", "--help")):
+        print(__doc__.strip())
+        return 0 if len(argv) > 1 and argv[1] in ("-h", "--help") else 2
+    folder = argv[1] if len(argv) > 1 else DEFAULT_SOURCE
+    output = argv[2] if len(argv) > 2 else DEFAULT_OUTPUT
+    rows = build_rows(folder)
+    header = "INSERT INTO Nutrition (" + ",".join('"%s"' % c for c in columns()) + ") VALUES\n"
+    os.makedirs(os.path.dirname(os.path.abspath(output)), exist_ok=True)
+    with open(output, "w", encoding="utf-8", newline="\n") as out:
+        out.write("-- Foods of the USDA National Nutrient Database for Standard Reference, release 21,\n"
+                  "-- per 100 g of the edible part. Written by scripts/make-nutrition.py; edit that instead.\n")
+        for start in range(0, len(rows), ROWS_PER_INSERT):
+            out.write(header + ",\n".join(rows[start:start + ROWS_PER_INSERT]) + ";\n")
+    print("%d foods written to %s" % (len(rows), output))
+    return 0
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main(sys.argv))
