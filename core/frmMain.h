@@ -55,9 +55,15 @@ public Q_SLOTS:
     void LayoutPanes();
     void SetMessage(const QString& text);
 
-    // Pane loading; each rebuilds its pane from the database.
+    // The message centre (frmMainMessages.cpp).
     void LoadMessages();
+    void AddMessage(const QString& title, const QString& body, const QString& date, int type);
     void DisplayReminders();
+    void MessageDisplay();
+    void mnuDeleteMessage_Click();
+    void mnuPrintMessage_Click();
+
+    // Pane loading; each rebuilds its pane from the database.
     void LoadQuickStart();
     void LoadCoupons();
     void LoadRecipies();

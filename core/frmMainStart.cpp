@@ -7,6 +7,7 @@
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/frmMain.h"
+#include "core/deLarderkeep.h"
 #include "core/frmSplash.h"
 #include "core/modDatabase.h"
 #include "messages/clsMessages.h"
@@ -202,17 +203,8 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::PrintCommandLineReport(const QString& which) {
-    // Printed with the print dialog's defaults: all pages. Without a printer
-    // the report goes to a PDF file in the temporary folder.
-    QTextDocument doc;
-    doc.setHtml(QStringLiteral("<h2>%1</h2>").arg(which));
-    QPrinter printer;
-    if (QPrinterInfo::availablePrinters().isEmpty()) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(QDir(QDir::tempPath()).filePath(which + QStringLiteral(".pdf")));
-    }
-    printer.setPrintRange(QPrinter::AllPages);
-    doc.print(&printer);
+    // With the print dialog, all pages; a machine without a printer is offered a PDF.
+    deLarderkeep::ByName(which).Print(this, true);
     commandLineReport_ = which;
     hide();
 }
@@ -259,8 +251,6 @@ void frmMain::Form_Unload() {
 }
 
 // Panes and routines filled in by their own subsystems as those arrive.
-void frmMain::LoadMessages() {}
-void frmMain::DisplayReminders() {}
 void frmMain::LoadQuickStart() {}
 void frmMain::LoadCoupons() {}
 void frmMain::LoadRecipies() {}

@@ -167,8 +167,11 @@ TEST_F(StartTest, OnlyTheExactCommandLinePrints) {
 
     frmMain upper;
     upper.SetCommandLine("/L");
+    // This machine has no printer: the printout is offered as a PDF.
+    ui.answerFile(HomeFile("list.pdf"));
     upper.Form_Load();
     EXPECT_EQ(upper.CommandLineReport(), "rptStandard");
+    EXPECT_TRUE(QFile::exists(HomeFile("list.pdf")));
     // The start went on after the print.
     EXPECT_EQ(upper.StartStatusTexts().first(), "Loading Messages ...");
 }

@@ -1,0 +1,191 @@
+#include "core/deLarderkeep.h"
+
+#include <QHash>
+
+#include "core/Globals.h"
+#include "core/Values.h"
+#include "core/clsRegistry.h"
+#include "core/modVerify.h"
+#include "platform/Database.h"
+#include "platform/Recordset.h"
+
+namespace deLarderkeep {
+namespace {
+
+struct ShapedRow {
+    QStringList groups;
+    QStringList cells;
+};
+
+QString Cell(const QVariant& value, const QString& pattern) {
+    if (value.isNull() || !value.isValid()) return QString();
+    if (pattern.isEmpty()) return CStr(value);
+    try {
+        return Format(value, pattern);
+    } catch (const std::exception&) {
+        // A word such as "Never" in a date column prints as it stands.
+        return CStr(value);
+    }
+}
+
+// Emits rows[indices] grouped at `level`, each group at the place of its first row.
+void EmitGroups(Report& report, const QList<ShapedRow>& rows, const QList<int>& indices, int level, int depth) {
+    if (level == depth) {
+        for (int i : indices) report.AddRow(rows[i].cells);
+        return;
+    }
+    QStringList order;
+    QHash<QString, QList<int>> members;
+    for (int i : indices) {
+        const QString& key = rows[i].groups[level];
+        auto it = members.find(key);
+        if (it == members.end()) {
+            order << key;
+            it = members.insert(key, {});
+        }
+        it->append(i);
+    }
+    for (const QString& key : order) {
+        report.AddGroup(key.isEmpty() ? QStringLiteral("(none)") : key, level);
+        EmitGroups(report, rows, members.value(key), level + 1, depth);
+    }
+}
+
+QString Quoted(QString text) {
+    QuoteSql(text);
+    return QLatin1Char('\'') + text + QLatin1Char('\'');
+}
+
+const QList<ReportField> kListFields = {
+    {QStringLiteral("Item"), QStringLiteral("ItemName")},
+    {QStringLiteral("Quantity"), QStringLiteral("ItemQuantity"), QString(), Qt::AlignRight},
+    {QStringLiteral("Size"), QStringLiteral("ItemSize")},
+    {QStringLiteral("Manufacturer"), QStringLiteral("ItemManufacturer")},
+    {QStringLiteral("Coupon"), QStringLiteral("ItemCoupon")},
+    {QStringLiteral("List"), QStringLiteral("Name")},
+};
+
+const QList<ReportField> kCouponFields = {
+    {QStringLiteral("Product"), QStringLiteral("Product")},
+    {QStringLiteral("Size"), QStringLiteral("Size")},
+    {QStringLiteral("Value"), QStringLiteral("Value"), QString(), Qt::AlignRight},
+    {QStringLiteral("Quantity"), QStringLiteral("Quantity"), QString(), Qt::AlignRight},
+    {QStringLiteral("Expires"), QStringLiteral("Expiration"), QStringLiteral("mm/dd/yyyy")},
+    {QStringLiteral("Store"), QStringLiteral("Store")},
+    {QStringLiteral("List"), QStringLiteral("OwnerList")},
+};
+
+const QList<ReportField> kProductFields = {
+    {QStringLiteral("Product"), QStringLiteral("Name")},
+    {QStringLiteral("Size"), QStringLiteral("Size")},
+    {QStringLiteral("Category"), QStringLiteral("Category")},
+    {QStringLiteral("Cost"), QStringLiteral("Cost"), QStringLiteral("$#0.00"), Qt::AlignRight},
+    {QStringLiteral("Last bought"), QStringLiteral("LastPurchasedDate"), QStringLiteral("mm/dd/yyyy")},
+    {QStringLiteral("Times"), QStringLiteral("TimesPurchased"), QString(), Qt::AlignRight},
+};
+
+}  // namespace
+
+Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy,
+              const QList<ReportField>& fields) {
+    Database connection;
+    connection.Open(Registry().DatabasePath());
+    Recordset rs;
+    rs.Open(sql, connection, adOpenForwardOnly, adLockReadOnly);
+    QList<ShapedRow> rows;
+    while (!rs.IsEOF()) {
+        ShapedRow row;
+        for (const QString& group : groupBy) row.groups << CStr(rs.Field(group).isNull() ? QVariant(QString()) : rs.Field(group));
+        for (const ReportField& field : fields) row.cells << Cell(rs.Field(field.field), field.pattern);
+        rows << row;
+        rs.MoveNext();
+    }
+    rs.Close();
+    connection.Close();
+
+    Report report(title);
+    QList<Report::Column> columns;
+    for (const ReportField& field : fields) columns << Report::Column{field.caption, field.align};
+    report.SetColumns(columns);
+    QList<int> all;
+    all.reserve(rows.size());
+    for (int i = 0; i < rows.size(); ++i) all << i;
+    EmitGroups(report, rows, all, 0, groupBy.size());
+    return report;
+}
+
+Report cmShoppingList() {
+    return Shaped(QStringLiteral("Standard List"),
+                  QStringLiteral("SELECT * FROM ShopList WHERE [IsCurrent] = True ORDER BY [ItemStyle], [ItemName]"),
+                  {QStringLiteral("ItemStyle")}, kListFields);
+}
+
+Report cmShoplistGeneric(const QString& listName) {
+    Report report = Shaped(listName,
+                           QStringLiteral("SELECT * FROM Shoplist WHERE [Name] = %1 ORDER BY [ItemStyle], [ItemName]")
+                               .arg(Quoted(listName)),
+                           {QStringLiteral("ItemStyle")}, kListFields);
+    return report;
+}
+
+Report cmShoplistByIsle(const QString& storeName) {
+    Report report = Shaped(QStringLiteral("Shopping List by Isle"),
+                           QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
+                               .arg(Quoted(storeName)),
+                           {QStringLiteral("ShopIsle"), QStringLiteral("ItemStyle")}, kListFields);
+    report.AddHeading(storeName);
+    return report;
+}
+
+Report cmCoupons() {
+    return Shaped(QStringLiteral("Coupons"),
+                  QStringLiteral("SELECT * FROM Coupons ORDER BY [Manufacturer], [Product]"),
+                  {QStringLiteral("Manufacturer")}, kCouponFields);
+}
+
+Report cmExpiredCoupons() {
+    return Shaped(QStringLiteral("Expired Coupons"),
+                  QStringLiteral("SELECT * FROM Coupons WHERE MarkForPurge = True ORDER BY [Manufacturer], [Product]"),
+                  {QStringLiteral("Manufacturer")}, kCouponFields);
+}
+
+Report cmProducts() {
+    QList<ReportField> fields = kProductFields;
+    return Shaped(QStringLiteral("Products"), QStringLiteral("SELECT * FROM Product ORDER BY [Manufacturer], [Name]"),
+                  {QStringLiteral("Manufacturer")}, fields);
+}
+
+Report cmInventory() {
+    QList<ReportField> fields = kProductFields;
+    fields[2] = {QStringLiteral("Manufacturer"), QStringLiteral("Manufacturer")};
+    return Shaped(QStringLiteral("Inventory"),
+                  QStringLiteral("SELECT * FROM Product WHERE [LastPurchasedDate] > #01/01/50# ORDER BY [Category], [Name]"),
+                  {QStringLiteral("Category")}, fields);
+}
+
+Report cmMessages(const QString& messageTitle) {
+    Database connection;
+    connection.Open(Registry().DatabasePath());
+    Recordset rs;
+    rs.Open(QStringLiteral("SELECT * FROM Messages WHERE [Title] = %1").arg(Quoted(messageTitle)), connection,
+            adOpenForwardOnly, adLockReadOnly);
+    Report report(messageTitle);
+    while (!rs.IsEOF()) {
+        report.AddHeading(CStr(rs.Field(QStringLiteral("Date")).isNull() ? QVariant(QString())
+                                                                          : rs.Field(QStringLiteral("Date"))));
+        report.AddParagraph(rs.Field(QStringLiteral("Body")).toString());
+        rs.MoveNext();
+    }
+    return report;
+}
+
+Report ByName(const QString& reportName) {
+    if (reportName == QLatin1String("rptStandard")) return cmShoppingList();
+    if (reportName == QLatin1String("rptCoupons")) return cmCoupons();
+    if (reportName == QLatin1String("rptInventory")) return cmInventory();
+    if (reportName == QLatin1String("rptProducts")) return cmProducts();
+    if (reportName == QLatin1String("rptExpiredCoupons")) return cmExpiredCoupons();
+    return Report(reportName);
+}
+
+}  // namespace deLarderkeep
