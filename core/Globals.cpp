@@ -18,3 +18,10 @@ Database& ConnectionMain() {
     static Database connection;
     return connection;
 }
+
+namespace {
+frmMain* mainForm = nullptr;
+}
+
+frmMain* MainForm() { return mainForm; }
+void SetMainForm(frmMain* form) { mainForm = form; }

@@ -7,14 +7,89 @@ MainPanes& MainPanes::Instance() {
     return panes;
 }
 
-MainPanes::MainPanes() = default;
+MainPanes::MainPanes() {
+    for (QStandardItemModel* m : {&messages, &quickStart, &coupons, &recipes, &currentList, &meals}) Watch(*m);
+}
 
-QStandardItem* MainPanes::AddNode(QStandardItemModel& model, const QString& parentKey, const QString& key,
-                                  const QString& text, const QString& tag) {
+void MainPanes::Watch(QStandardItemModel& model) {
+    index_.insert(&model, KeyIndex());
+    QStandardItemModel* m = &model;
+    connect(m, &QAbstractItemModel::rowsInserted, this, [this, m](const QModelIndex& parent, int first, int last) {
+        KeyIndex& index = index_[m];
+        QStandardItem* owner = parent.isValid() ? m->itemFromIndex(parent) : m->invisibleRootItem();
+        if (!owner || parent.column() > 0) return;
+        for (int r = first; r <= last; ++r)
+            if (QStandardItem* item = owner->child(r, 0)) IndexSubtree(index, item);
+    });
+    connect(m, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this, m](const QModelIndex& parent, int first, int last) {
+                KeyIndex& index = index_[m];
+                QStandardItem* owner = parent.isValid() ? m->itemFromIndex(parent) : m->invisibleRootItem();
+                if (!owner || parent.column() > 0) return;
+                for (int r = first; r <= last; ++r)
+                    if (QStandardItem* item = owner->child(r, 0)) UnindexSubtree(index, item);
+            });
+    connect(m, &QAbstractItemModel::modelAboutToBeReset, this, [this, m] { index_[m] = KeyIndex(); });
+    connect(m, &QStandardItemModel::itemChanged, this, [this, m](QStandardItem* item) {
+        if (item->column() != 0) return;
+        KeyIndex& index = index_[m];
+        const QString now = Fold(item->data(KeyRole).toString());
+        const auto it = index.keyOf.constFind(item);
+        const QString before = it == index.keyOf.constEnd() ? QString() : *it;
+        if (now == before) return;
+        UnindexItem(index, item);
+        IndexItem(index, item);
+    });
+}
+
+void MainPanes::IndexItem(KeyIndex& index, QStandardItem* item) {
+    const QString key = Fold(item->data(KeyRole).toString());
+    if (key.isEmpty()) return;
+    index.byKey.insert(key, item);
+    index.keyOf.insert(item, key);
+    index.order.insert(item, index.next++);
+}
+
+void MainPanes::UnindexItem(KeyIndex& index, QStandardItem* item) {
+    const auto it = index.keyOf.find(item);
+    if (it == index.keyOf.end()) return;
+    index.byKey.remove(*it, item);
+    index.keyOf.erase(it);
+    index.order.remove(item);
+}
+
+void MainPanes::IndexSubtree(KeyIndex& index, QStandardItem* item) {
+    QList<QStandardItem*> pending{item};
+    while (!pending.isEmpty()) {
+        QStandardItem* node = pending.takeLast();
+        IndexItem(index, node);
+        for (int r = 0; r < node->rowCount(); ++r)
+            if (QStandardItem* child = node->child(r, 0)) pending << child;
+    }
+}
+
+void MainPanes::UnindexSubtree(KeyIndex& index, QStandardItem* item) {
+    if (index.keyOf.isEmpty()) return;
+    QList<QStandardItem*> pending{item};
+    while (!pending.isEmpty()) {
+        QStandardItem* node = pending.takeLast();
+        UnindexItem(index, node);
+        for (int r = 0; r < node->rowCount(); ++r)
+            if (QStandardItem* child = node->child(r, 0)) pending << child;
+    }
+}
+
+QStandardItem* MainPanes::MakeNode(const QString& key, const QString& text, const QString& tag) {
     auto* item = new QStandardItem(text);
     item->setEditable(false);
     item->setData(key, KeyRole);
     item->setData(tag, TagRole);
+    return item;
+}
+
+QStandardItem* MainPanes::AddNode(QStandardItemModel& model, const QString& parentKey, const QString& key,
+                                  const QString& text, const QString& tag) {
+    QStandardItem* item = MakeNode(key, text, tag);
     QStandardItem* parent = parentKey.isEmpty() ? nullptr : FindByKey(model, parentKey);
     if (parent) parent->appendRow(item);
     else model.appendRow(item);
@@ -23,20 +98,36 @@ QStandardItem* MainPanes::AddNode(QStandardItemModel& model, const QString& pare
 
 QList<QStandardItem*> MainPanes::AllNodes(const QStandardItemModel& model) const {
     QList<QStandardItem*> out;
-    QList<QStandardItem*> pending;
-    for (int r = 0; r < model.rowCount(); ++r) pending << model.item(r);
-    while (!pending.isEmpty()) {
-        QStandardItem* item = pending.takeFirst();
-        out << item;
-        for (int r = 0; r < item->rowCount(); ++r) pending << item->child(r);
+    for (int r = 0; r < model.rowCount(); ++r) out << model.item(r);
+    // `out` doubles as the queue: each node's children are appended after it.
+    for (qsizetype i = 0; i < out.size(); ++i) {
+        QStandardItem* item = out[i];
+        for (int r = 0; r < item->rowCount(); ++r)
+            if (QStandardItem* child = item->child(r, 0)) out << child;
     }
     return out;
 }
 
 QStandardItem* MainPanes::FindByKey(const QStandardItemModel& model, const QString& key) const {
-    for (QStandardItem* item : AllNodes(model))
-        if (item->data(KeyRole).toString() == key) return item;
-    return nullptr;
+    if (key.isEmpty()) return nullptr;
+    const auto found = index_.constFind(&model);
+    if (found == index_.constEnd()) {
+        // A model that is not one of the panes: walk it.
+        for (QStandardItem* item : AllNodes(model))
+            if (Fold(item->data(KeyRole).toString()) == Fold(key)) return item;
+        return nullptr;
+    }
+    const KeyIndex& index = *found;
+    QStandardItem* best = nullptr;
+    quint64 bestOrder = 0;
+    for (auto it = index.byKey.constFind(Fold(key)); it != index.byKey.cend() && it.key() == Fold(key); ++it) {
+        const quint64 order = index.order.value(it.value());
+        if (!best || order < bestOrder) {
+            best = it.value();
+            bestOrder = order;
+        }
+    }
+    return best;
 }
 
 QList<QStandardItem*> MainPanes::FindByTag(const QStandardItemModel& model, const QString& tag) const {
@@ -46,6 +137,10 @@ QList<QStandardItem*> MainPanes::FindByTag(const QStandardItemModel& model, cons
     return out;
 }
 
+int MainPanes::IndexedKeys(const QStandardItemModel& model) const {
+    return int(index_.value(&model).keyOf.size());
+}
+
 void MainPanes::Remove(QStandardItemModel& model, QStandardItem* item) {
     if (!item) return;
     if (QStandardItem* parent = item->parent()) parent->removeRow(item->row());
@@ -53,14 +148,19 @@ void MainPanes::Remove(QStandardItemModel& model, QStandardItem* item) {
 }
 
 void MainPanes::SetBold(QStandardItem* item, bool bold) {
+    if (!item) return;
     QFont f = item->font();
     f.setBold(bold);
     item->setFont(f);
 }
 
-void MainPanes::SetColour(QStandardItem* item, const QColor& colour) { item->setForeground(colour); }
+void MainPanes::SetColour(QStandardItem* item, const QColor& colour) {
+    if (item) item->setForeground(colour);
+}
 
-void MainPanes::SetImageKey(QStandardItem* item, const QString& key) { item->setData(key, ImageKeyRole); }
+void MainPanes::SetImageKey(QStandardItem* item, const QString& key) {
+    if (item) item->setData(key, ImageKeyRole);
+}
 
 void MainPanes::Clear(QStandardItemModel& model) { model.removeRows(0, model.rowCount()); }
 

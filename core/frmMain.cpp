@@ -1,307 +1,746 @@
+// The main window's frame: menus, popups, toolbars, the panes and their layout,
+// the status bar, sorting and the commands that need no screen of their own.
 #include "core/frmMain.h"
 
+#include "core/ErrorReport.h"
+#include "core/Globals.h"
+#include "core/ListView.h"
 #include "core/MainPanes.h"
+#include "core/PaneIcons.h"
+#include "core/Values.h"
+#include "core/clsRegistry.h"
+#include "core/frmQuickStart.h"
+#include "core/modEffects.h"
+#include "platform/Clock.h"
 #include "platform/Ui.h"
+#include "recipes/RecipeComparisons.h"
+#include "recipes/clsRecipies.h"
 
 #include <QAction>
+#include <QActionGroup>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTableView>
 #include <QTextCharFormat>
+#include <QTextDocument>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
 
-struct Entry {
+// A menu entry, or a submenu when it has entries of its own. "-" separates.
+struct Item {
     const char* name;
     const char* caption;
-};
-struct TopMenu {
-    const char* name;
-    const char* caption;
-    std::vector<Entry> entries;
+    std::vector<Item> entries = {};
 };
 
-// The top menus in order. Screens that are not built yet keep their entries
-// visible but disabled, so the menus already read as they will.
-const std::vector<TopMenu>& MenuTable() {
-    static const std::vector<TopMenu> table = {
+// The top menus in order. Entries whose screens are not part of the program
+// yet stay visible but disabled, so the menus already read as they will.
+const std::vector<Item>& MenuTable() {
+    static const std::vector<Item> table = {
         {"mnuFile", "&File",
-         {{"mnuNewItem", "New .."}, {"mnuOpenCookbook", "Open/New Cookbook"}, {"mnuCloseCookbook", "Close Cookbook"},
-          {"mnuCalendarToday", "View/Todays Events"}, {"mnuViewExportedFile", "View/Exported Files"},
-          {"mnuReprintLastReport", "Reprint last Report"}, {"-", ""}, {"mnuExit", "Exit"}}},
+         {{"mnuNewItem", "New .."},
+          {"mnuOpenCookbook", "Open/New Cookbook"},
+          {"mnuCloseCookbook", "Close Cookbook"},
+          {"mnuView", "View", {{"mnuCalendarToday", "Todays Events"}, {"mnuViewExportedFile", "Exported Files"}}},
+          {"-", ""},
+          {"mnuReprintLastReport", "Reprint last Report"},
+          {"-", ""},
+          {"mnuExit", "Exit"}}},
         {"mnuCoupons", "&Coupons",
-         {{"mnuEnterCoupon", "Enter Coupons"}, {"mnuViewAllCoupons", "View All Coupons"},
-          {"mnuDelivery", "Delivery Coupons"}, {"mnuCouponPendingExpirations", "Pending Expirations"},
-          {"mnuCheapMeals", "Cheap Meals"}, {"mnuPurgeCoupons", "Purge Expired Coupons"},
+         {{"mnuEnterCoupon", "Enter Coupons"},
+          {"mnuViewAllCoupons", "View All Coupons"},
+          {"mnuDelivery", "Delivery Coupons"},
+          {"mnuCouponPendingExpirations", "Pending Expirations"},
+          {"mnuCheapMeals", "Cheap Meals"},
+          {"-", ""},
+          {"mnuPurgeCoupons", "Purge Expired Coupons"},
           {"mnuPrintCouponList", "Print Coupon List"}}},
         {"mnuProductS", "&Products",
-         {{"mnuEnterProduct", "Enter Product"}, {"mnuEditProduct", "Edit Product"},
-          {"mnuEditProductDetail", "Edit Product Detail"}, {"mnuEnterProductCost", "Enter Product Cost"},
-          {"mnuViewAllProducts", "View All Products"}, {"mnuPrintProductList", "Print Product List"},
-          {"mnuProductInventory", "Inventory"}, {"mnuPrintInventoryReport", "Print Inventory Report"},
-          {"mnuPrintInventoryWorkSheet", "Print Inventory Worksheet"}, {"mnuExportProduct", "Export"},
-          {"mnuSynchToPalmDatabase", "Synch to Palm Database"}, {"mnuProductSpendingReport", "Spending Analysis"},
-          {"mnuProductSpendingHistory", "Spending History"}, {"mnuProductCostHistory", "Item Cost History"}}},
+         {{"mnuEnterProduct", "Enter Product"},
+          {"mnuEditProduct", "Edit Product"},
+          {"mnuEditProductDetail", "Edit Product Detail"},
+          {"mnuEnterProductCost", "Enter Product Cost"},
+          {"mnuViewAllProducts", "View All Products"},
+          {"mnuPrintProductList", "Print Product List"},
+          {"-", ""},
+          {"mnuProductInventory", "Inventory"},
+          {"mnuPrintInventoryReport", "Print Inventory Report"},
+          {"mnuPrintInventoryWorkSheet", "Print Inventory Worksheet"},
+          {"-", ""},
+          {"mnuExportProduct", "Export"},
+          {"mnuSynchToPalmDatabase", "Synch to Palm Database"},
+          {"-", ""},
+          {"mnuProductSpendingReport", "Spending Analysis"},
+          {"mnuProductSpendingHistory", "Spending History"},
+          {"mnuProductCostHistory", "Item Cost History"}}},
         {"mnuCookbooks", "Coo&kbooks",
-         {{"mnuNewCookbook", "New Cookbook"}, {"mnuAllCookbooks", "All Cookbooks"},
-          {"mnuMoveRecipies", "Move Recipes"}, {"mnuGenerateWebsite", "Generate Website"},
+         {{"mnuNewCookbook", "New Cookbook"},
+          {"mnuAllCookbooks", "All Cookbooks"},
+          {"mnuMoveRecipies", "Move Recipes"},
+          {"mnuGenerateWebsite", "Generate Website"},
+          {"-", ""},
           {"mnuPrintEntireCookbook", "Print Entire Cookbook"},
           {"mnuPrintCookbookRecipeList", "Print Cookbook Recipe List"}}},
         {"mnuRecipies", "&Recipes",
-         {{"mnuEnterRecipies", "Enter Recipes"}, {"mnuViewRecipies", "View Recipes"},
-          {"mnuRemoveErrors", "Remove Errors"}, {"mnuImportRecipies", "Import Recipes"},
-          {"mnuEditRecipeCookbook", "Edit Recipe Cookbook"}, {"mnuRecStyles", "Recipe Categories"},
-          {"mnuCourseMapping", "Course Mapping"}, {"mnuEditMeasureAbbreviations", "Measurements/Abbreviations"},
-          {"mnuEditConversionConstants", "Measurements/Conversion Constants"},
-          {"mnuConvertmeasurements", "Measurements/Convert Measurements"},
-          {"mnuPOPSearchCurrentCookbook", "Find Recipe/Search Current Cookbook"},
-          {"mnuPOPRecipeAdvancedSearch", "Find Recipe/Advanced Search"},
-          {"mnuSearchRecipeCenter", "Find Recipe/Search Recipe Center"},
-          {"mnuBrowseRecipePhoto", "Find Recipe/Browse Recipe Photos"},
-          {"mnuSuggestUsingInventory", "Suggest Recipes/Using Inventory"},
-          {"mnuSuggetARecipe", "Suggest Recipes/Suggest a Recipe"},
-          {"mnuCrossRecWithCoupons", "Cross Recipes with Coupons"}, {"mnuImportImages", "Import Images"},
-          {"mnuRecipeComparaisons", "Recipe Comparisons"}, {"mnuClearRecipeComparasions", "Clear Recipe Comparisons"},
-          {"mnuExportRecipies", "Export Recipes"}, {"mnuIngredientSubstitutions", "Ingredient Substitutions"},
+         {{"mnuEnterRecipies", "Enter Recipes"},
+          {"mnuViewRecipies", "View Recipes"},
+          {"mnuRemoveErrors", "Remove Errors"},
+          {"mnuImportRecipies", "Import Recipes"},
+          {"mnuEditRecipeCookbook", "Change Recipe Cookbook"},
+          {"mnuRecStyles", "Recipe Categories"},
+          {"mnuCourseMapping", "Course Mapping"},
+          {"mnuRecipeMeasurements", "Measurements",
+           {{"mnuEditMeasureAbbreviations", "Abbreviations"},
+            {"mnuEditConversionConstants", "Conversion Constants"},
+            {"mnuConvertmeasurements", "Convert Measurements"}}},
+          {"-", ""},
+          {"mnuFindRecipe", "Find Recipe",
+           {{"mnuPOPSearchCurrentCookbook", "Search Current Cookbook"},
+            {"mnuPOPRecipeAdvancedSearch", "Advanced Search"},
+            {"mnuSearchRecipeCenter", "Search Recipe Center"},
+            {"mnuBrowseRecipePhoto", "Browse Recipe Photos"}}},
+          {"mnuSuggetRecipes", "Suggest Recipes",
+           {{"mnuSuggestUsingInventory", "Using Inventory"}, {"mnuSuggetARecipe", "Suggest a Recipe"}}},
+          {"mnuCrossRecWithCoupons", "Cross Recipes with Coupons"},
+          {"-", ""},
+          {"mnuImportImages", "Recipe Images"},
+          {"mnuRecipeComparaisons", "Recipe Comparisons"},
+          {"mnuClearRecipeComparasions", "Clear Recipe Comparisons"},
+          {"mnuExportRecipies", "Export Recipes"},
+          {"mnuIngredientSubstitutions", "Ingredient Substitutions"},
           {"mnuBartendersGuide", "Bartender's Guide"}}},
         {"mnuMeals", "&Meals",
-         {{"mnuViewMeals", "View Meals"}, {"mnuNewMeal", "New Meal"}, {"mnuViewRecipePrefs", "Recipe Preferences"},
-          {"mnuCreateCalendar", "Create Calendar"}, {"mnuExportToCalendarInOutlook", "Export to Calendar"},
-          {"mnuPurgeExpiredMeals", "Purge Expired Meals"}, {"mnuMealCategories", "Meal Categories"}}},
+         {{"mnuViewMeals", "View Meals"},
+          {"mnuNewMeal", "New Meal"},
+          {"mnuViewRecipePrefs", "Recipe Preferences"},
+          {"mnuCreateCalendar", "Create Calendar"},
+          {"mnuExportToCalendarInOutlook", "Export to Calendar"},
+          {"mnuPurgeExpiredMeals", "Purge Expired Meals"},
+          {"mnuMealCategories", "Meal Categories"}}},
         {"mnuShoppingList", "&Lists",
-         {{"mnuGenerateList", "Generate List"}, {"mnuRecurringLists", "Recurring Lists"},
-          {"mnuViewCurrent", "View Current"}, {"mnuSearchShoppingList", "Search Shopping Lists"},
-          {"mnuEnterListItem", "Enter List Item"}, {"mnuEditList", "Edit List"},
-          {"mnuEditCurrentList", "Edit Current List"}, {"mnuPrintCurrentList", "Print Current List"},
-          {"mnuListByCategory", "List by Category"}, {"mnuListByStore", "List by Store"},
-          {"mnuPrintListForAllStores", "Print List for All Stores"}, {"mnuEditCustomLayout", "Edit Custom Layout"},
-          {"mnuFaxShoppingList", "Fax Shopping List"}, {"mnuExportCurrentShoppingList", "Export Current List"},
-          {"mnuSynchList", "Snych Shopping List"}, {"mnuImportShoppingList", "Import Shopping List"},
+         {{"mnuGenerateList", "Generate List"},
+          {"mnuRecurringLists", "Recurring Lists"},
+          {"mnuViewCurrent", "View Current List"},
+          {"mnuSearchShoppingList", "Search Shopping Lists"},
+          {"-", ""},
+          {"mnuEnterListItem", "Enter List Item"},
+          {"mnuEditList", "Edit List"},
+          {"mnuEditCurrentList", "Edit Current List"},
+          {"-", ""},
+          {"mnuPrintCurrentList", "Print Current List"},
+          {"mnuListByCategory", "List by Category"},
+          {"mnuListByStore", "List by Store"},
+          {"mnuPrintListForAllStores", "Print List for All Stores"},
+          {"mnuEditCustomLayout", "Edit Custom Layout"},
+          {"mnuFaxShoppingList", "Fax Shopping List"},
+          {"-", ""},
+          {"mnuExportCurrentShoppingList", "Export Current List"},
+          {"mnuSynchList", "Snych Shopping List"},
+          {"mnuImportShoppingList", "Import Shopping List"},
           {"mnuEnterListData", "Enter List Data"}}},
         {"mnuStores", "&Stores",
-         {{"mnuAddNewStore", "Add New Store"}, {"mnuSetupStoreIsles", "Setup Store Isles"},
-          {"mnuImportStoreMap", "Import Store Map"}, {"mnuExportStoreMap", "Export Store Map"},
-          {"mnuDisplayAllStores", "Display All Stores"}, {"mnuEnterItemCategories", "Item Categories"},
+         {{"mnuAddNewStore", "Add New Store"},
+          {"mnuSetupStoreIsles", "Setup Store Isles"},
+          {"mnuImportStoreMap", "Import Store Map"},
+          {"mnuExportStoreMap", "Export Store Map"},
+          {"mnuDisplayAllStores", "Display All Stores"},
+          {"mnuEnterItemCategories", "Item Categories"},
           {"mnuPrintStoreLayout", "Print Store Layout"}}},
         {"mnuMessages", "Messa&ge",
-         {{"mnuMessageDisplay", "Display Message"}, {"mnuNewMassage", "New Message"},
-          {"mnuEditMessage", "Edit Message"}, {"mnuDeleteMessage", "Delete Message"},
-          {"mnuPrintMessage", "Print Message"}, {"mnuPurgeMessages", "Purge Messages"},
-          {"mnuExportMessageToOutlook", "Export Message to Calendar"}}},
+         {{"mnuMessageDisplay", "Display Message"},
+          {"mnuNewMassage", "New Message"},
+          {"mnuEditMessage", "Edit Message"},
+          {"mnuDeleteMessage", "Delete Message"},
+          {"mnuPrintMessage", "Print Message"},
+          {"-", ""},
+          {"mnuPurgeMessages", "Purge Expired Messages"},
+          {"mnuExportMessageToOutlook", "Export to Calendar"}}},
         {"mnuNutrition", "&Nutrition",
-         {{"mnuFindItemNutrition", "Find Item Nutrition"}, {"mnuDisplayNutrition", "Display Nutrition"},
-          {"mnuEnterNutritionItem", "Enter Nutrition Item"}, {"mnuGetItemInformation", "Get Item Information"}}},
+         {{"mnuFindItemNutrition", "Find Item Nutrition"},
+          {"mnuDisplayNutrition", "Display Nutrition"},
+          {"mnuEnterNutritionItem", "Enter Nutrition Item"},
+          {"mnuGetItemInformation", "Get Item Information"}}},
         {"mnuOptions", "&Options",
-         {{"mnuOptionGeneral", "General Settings"}, {"mnuSystemDisplay", "System Display"},
+         {{"mnuOptionGeneral", "General Settings"},
+          {"mnuSystemDisplay", "System Display"},
           {"mnuPrinterSetup", "Printer Setup"}}},
         {"mnuHelp", "&Help",
-         {{"mnuHelpContents", "Contents"}, {"mnuHelpSearch", "Search"}, {"mnuTipODay", "Tip of the Day"},
-          {"mnuAddMyTip", "Add My Tip"}, {"mnuAbout", "About"}, {"mnuLarderkeepInternet", "Larderkeep on the Internet"},
+         {{"mnuHelpContents", "Contents"},
+          {"mnuHelpSearch", "Search for Help On..."},
+          {"mnuTipODay", "Tip of the Day"},
+          {"mnuAddMyTip", "Add My Tip"},
+          {"-", ""},
+          {"mnuAbout", "About Larderkeep"},
+          {"mnuLarderkeepInternet", "Larderkeep on the Internet"},
           {"mnuCheckForUpdates", "Check for Updates"}}},
     };
     return table;
 }
 
-QLabel* Header(const QString& text, QWidget* parent) {
+// The popups, each a menu of its own that never shows in the menu bar.
+const std::vector<Item>& PopupTable() {
+    static const std::vector<Item> table = {
+        {"mnuPopupRecipies", "Recipes",
+         {{"mnuPOPDisplayRecipie", "Display Recipe"},
+          {"mnuPOPEditRecipie", "Edit Recipe"},
+          {"mnuPOPRenameRecipie", "Rename Recipe"},
+          {"mnuPOPDeleteRecipie", "Delete Recipe"},
+          {"-", ""},
+          {"mnuPOPAddRecipeCategory", "Add to a Category"},
+          {"mnuPOPFindRecipie", "Find Recipe"},
+          {"mnuPOPExpandView", "Expand View"},
+          {"-", ""},
+          {"mnuPOPPrintRecipie", "Print Recipe"},
+          {"mnuPOPPrintPreview", "Print Preview"},
+          {"-", ""},
+          {"mnuPOPToggleFavorite", "Toggle Favorite"},
+          {"mnuPOPDisplayFavorites", "Display Favorites"},
+          {"mnuPOPShowRecipesInCategory", "Show Recipes in Category"},
+          {"-", ""},
+          {"mnuPOPAddRecipeToComparison", "Add to Recipe Comparison"},
+          {"mnuPOPRecipieAddToShopList", "Add to Shopping List"},
+          {"mnuFindRecipeCoupon", "Find Coupons for Recipe"},
+          {"mnuGetRecipeNutrition", "Nutrition Information"},
+          {"mnuRecipeCostInformation", "Cost Information"}}},
+        {"mnuCouponPopup", "Coupons",
+         {{"mnuPOPEnterNew", "New Coupon"},
+          {"mnuPOPDisplayCoupon", "Display Coupon"},
+          {"mnuPOPEditCoupon", "Edit Coupon"},
+          {"mnuPOPDeleteCoupon", "Delete Coupon"},
+          {"-", ""},
+          {"mnuFindCouponsFor", "Find Coupons for Manufacturer"},
+          {"mnuRenameManufacturer", "Rename Manufacturer"},
+          {"mnuDeleteManufacturer", "Delete Manufacturer"},
+          {"mnuPOPShowProducts", "Show Products"},
+          {"-", ""},
+          {"mnuPOPLaunchPurge", "Purge Expired Coupons"},
+          {"mnuGroupCouponsByCategory", "Group Coupons by Category"}}},
+        {"mnuShopListAndMeals", "List and Meals",
+         {{"mnuSAMCurrentView", "Current View",
+           {{"mnuSAMShoppingList", "Shopping List"}, {"mnuSAMMealListing", "Meal Listing"}}},
+          {"-", ""},
+          {"mnuEditShopList", "Shopping List",
+           {{"mnuSAMEditShopList", "Edit List"},
+            {"mnuSAMPrintShopList", "Print List"},
+            {"mnuSAMDelShopList", "Delete List"}}},
+          {"mnuEditMealList", "Meals", {{"mnuSAMEditMealList", "Edit Meal"}}},
+          {"mnuSAMFindListItem", "Find Item"}}},
+        {"mnuPOPQuickStart", "Quick Start", {{"mnuPOPSetQSItems", "Set QS Items"}}},
+    };
+    return table;
+}
+
+// Toolbar keys and the menu command each one runs.
+const QMap<QString, QString>& ToolbarCommands() {
+    static const QMap<QString, QString> map = {
+        {"OpenCookbook", "mnuOpenCookbook"},  {"NewCookbook", "mnuNewCookbook"},
+        {"NewRecipe", "mnuEnterRecipies"},    {"CourseMapping", "mnuCourseMapping"},
+        {"RecipePref", "mnuViewRecipePrefs"}, {"NewProduct", "mnuEnterProduct"},
+        {"Inventory", "mnuProductInventory"}, {"NewCoupon", "mnuEnterCoupon"},
+        {"NewMeal", "mnuNewMeal"},            {"NewMessage", "mnuNewMassage"},
+        {"Nutrition", "mnuDisplayNutrition"}, {"Website", "mnuGenerateWebsite"},
+        {"TipODay", "mnuTipODay"},            {"Options", "mnuOptionGeneral"},
+        {"Help", "mnuHelpContents"},
+    };
+    return map;
+}
+
+const QMap<QString, QString>& ReportToolbarCommands() {
+    static const QMap<QString, QString> map = {
+        {"InvReport", "mnuPrintInventoryReport"},
+        {"ShopListReport", "mnuPrintCurrentList"},
+        {"ProductReport", "mnuPrintProductList"},
+        {"CouponReport", "mnuPrintCouponList"},
+    };
+    return map;
+}
+
+// Quick-start keys and the command each one stands for.
+const QMap<QString, QString>& QuickStartCommands() {
+    static const QMap<QString, QString> map = {
+        {"Coupon", "mnuEnterCoupon"},         {"Delivery", "mnuDelivery"},
+        {"Inventory", "mnuProductInventory"}, {"RecurringLists", "mnuRecurringLists"},
+        {"IsleMap", "mnuSetupStoreIsles"},    {"ItemCategory", "mnuEnterItemCategories"},
+        {"RecipeCat", "mnuRecStyles"},        {"Nutrition", "mnuDisplayNutrition"},
+        {"Product", "mnuEnterProduct"},       {"ShopList", "mnuEditCurrentList"},
+    };
+    return map;
+}
+
+QLabel* Header(const QString& name, const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
-    label->setStyleSheet(QStringLiteral("QLabel { background: #3b5b7a; color: white; font-weight: bold; padding: 3px; }"));
+    label->setObjectName(name);
+    label->setStyleSheet(QStringLiteral(
+        "QLabel { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4d7096, stop:1 #3a5878);"
+        " color: white; font-weight: bold; padding: 4px 4px; }"));
     return label;
 }
 
-QWidget* Pane(const QString& header, QWidget* content, QWidget* parent) {
+QWidget* Pane(QLabel* header, QWidget* content, QWidget* parent) {
     auto* box = new QWidget(parent);
     auto* layout = new QVBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    if (!header.isEmpty()) layout->addWidget(Header(header, box));
-    layout->addWidget(content);
+    if (header) layout->addWidget(header);
+    layout->addWidget(content, 1);
     return box;
 }
 
+QTreeView* Tree(QStandardItemModel* model, const QString& name, QWidget* parent) {
+    auto* view = new QTreeView(parent);
+    view->setObjectName(name);
+    view->setModel(model);
+    view->setHeaderHidden(true);
+    view->setUniformRowHeights(true);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setItemDelegate(new PaneIconDelegate(view));
+    view->setContextMenuPolicy(Qt::CustomContextMenu);
+    return view;
+}
+
+const QStringList kRecipeTags = {QStringLiteral("Recipe"), QStringLiteral("RecipeFavorite"),
+                                 QStringLiteral("Recipe Title")};
+
+bool IsRecipeNode(const QStandardItem* node) {
+    return node && kRecipeTags.contains(node->data(MainPanes::TagRole).toString());
+}
+
+bool IsCategoryNode(const QStandardItem* node) {
+    return node && node->data(MainPanes::TagRole).toString() == QLatin1String("RecipeCategory");
+}
+
 }  // namespace
+
+// --- construction -----------------------------------------------------------
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Larderkeep"));
     BuildMenus();
+    BuildPopups();
     BuildToolbars();
     BuildPanes();
-    resize(1100, 760);
+    BuildStatusBar();
+    resize(1180, 800);
+    SetMainForm(this);
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    if (MainForm() == this) SetMainForm(nullptr);
+}
+
+void frmMain::Connect(const QString& name, void (frmMain::*slot)()) {
+    QAction* action = menus.value(name);
+    if (!action) return;
+    action->setEnabled(true);
+    action->setProperty("wired", true);
+    connect(action, &QAction::triggered, this, slot);
+}
+
+namespace {
+
+void AddEntries(QMenu* menu, const std::vector<Item>& entries, QMap<QString, QAction*>& menus) {
+    for (const Item& e : entries) {
+        const QString name = QString::fromUtf8(e.name);
+        if (name == QLatin1String("-")) {
+            menu->addSeparator();
+            continue;
+        }
+        if (!e.entries.empty()) {
+            QMenu* sub = menu->addMenu(QString::fromUtf8(e.caption));
+            sub->setObjectName(name);
+            sub->menuAction()->setObjectName(name);
+            menus.insert(name, sub->menuAction());
+            AddEntries(sub, e.entries, menus);
+            continue;
+        }
+        QAction* action = menu->addAction(QString::fromUtf8(e.caption));
+        action->setObjectName(name);
+        action->setEnabled(false);
+        menus.insert(name, action);
+    }
+}
+
+}  // namespace
 
 void frmMain::BuildMenus() {
-    for (const TopMenu& top : MenuTable()) {
+    for (const Item& top : MenuTable()) {
         QMenu* menu = menuBar()->addMenu(QString::fromUtf8(top.caption));
-        menu->setObjectName(QString::fromUtf8(top.name));
-        QMap<QString, QMenu*> submenus;
-        for (const Entry& e : top.entries) {
-            if (QString::fromUtf8(e.name) == QLatin1String("-")) {
-                menu->addSeparator();
-                continue;
-            }
-            QString caption = QString::fromUtf8(e.caption);
-            QMenu* target = menu;
-            const int slash = int(caption.indexOf(QLatin1Char('/')));
-            if (slash > 0) {
-                const QString group = caption.left(slash);
-                if (!submenus.contains(group)) submenus.insert(group, menu->addMenu(group));
-                target = submenus.value(group);
-                caption = caption.mid(slash + 1);
-            }
-            QAction* action = target->addAction(caption);
-            action->setObjectName(QString::fromUtf8(e.name));
-            action->setEnabled(false);
-            menus.insert(action->objectName(), action);
-        }
+        const QString name = QString::fromUtf8(top.name);
+        menu->setObjectName(name);
+        menu->menuAction()->setObjectName(name);
+        menus.insert(name, menu->menuAction());
+        AddEntries(menu, top.entries, menus);
     }
-    QAction* exit = menus.value(QStringLiteral("mnuExit"));
-    exit->setEnabled(true);
-    connect(exit, &QAction::triggered, this, &frmMain::mnuExit_Click);
-    QAction* updates = menus.value(QStringLiteral("mnuCheckForUpdates"));
-    Q_UNUSED(updates);
+    Connect(QStringLiteral("mnuExit"), &frmMain::mnuExit_Click);
+    Connect(QStringLiteral("mnuCloseCookbook"), &frmMain::mnuCloseCookbook_Click);
+    Connect(QStringLiteral("mnuReprintLastReport"), &frmMain::mnuReprintLastReport_Click);
+    Connect(QStringLiteral("mnuClearRecipeComparasions"), &frmMain::mnuClearRecipeComparasions_Click);
+    Connect(QStringLiteral("mnuMessageDisplay"), &frmMain::MessageDisplay);
+    Connect(QStringLiteral("mnuDeleteMessage"), &frmMain::mnuDeleteMessage_Click);
+    Connect(QStringLiteral("mnuPrintMessage"), &frmMain::mnuPrintMessage_Click);
+}
+
+void frmMain::BuildPopups() {
+    QMap<QString, QMenu*> popups;
+    for (const Item& top : PopupTable()) {
+        auto* menu = new QMenu(QString::fromUtf8(top.caption), this);
+        menu->setObjectName(QString::fromUtf8(top.name));
+        popups.insert(menu->objectName(), menu);
+        AddEntries(menu, top.entries, menus);
+    }
+    mnuPopupRecipies = popups.value(QStringLiteral("mnuPopupRecipies"));
+    mnuCouponPopup = popups.value(QStringLiteral("mnuCouponPopup"));
+    mnuShopListAndMeals = popups.value(QStringLiteral("mnuShopListAndMeals"));
+    mnuPOPQuickStart = popups.value(QStringLiteral("mnuPOPQuickStart"));
+
+    Connect(QStringLiteral("mnuPOPExpandView"), &frmMain::mnuPOPExpandView_Click);
+    Connect(QStringLiteral("mnuPOPDisplayFavorites"), &frmMain::mnuPOPDisplayFavorites_Click);
+    Connect(QStringLiteral("mnuPOPShowRecipesInCategory"), &frmMain::mnuPOPShowRecipesInCategory_Click);
+    Connect(QStringLiteral("mnuPOPToggleFavorite"), &frmMain::mnuPOPToggleFavorite_Click);
+    Connect(QStringLiteral("mnuPOPPrintRecipie"), &frmMain::mnuPOPPrintRecipie_Click);
+    Connect(QStringLiteral("mnuPOPPrintPreview"), &frmMain::mnuPOPPrintPreview_Click);
+    Connect(QStringLiteral("mnuPOPAddRecipeToComparison"), &frmMain::mnuPOPAddRecipeToComparison_Click);
+    Connect(QStringLiteral("mnuPOPDeleteRecipie"), &frmMain::mnuPOPDeleteRecipie_Click);
+    Connect(QStringLiteral("mnuPOPSetQSItems"), &frmMain::mnuPOPSetQSItems_Click);
+    Connect(QStringLiteral("mnuSAMShoppingList"), &frmMain::mnuSAMShoppingList_Click);
+    Connect(QStringLiteral("mnuSAMMealListing"), &frmMain::mnuSAMMealListing_Click);
+
+    // The two views of the lower right pane are one choice.
+    auto* views = new QActionGroup(this);
+    for (const char* name : {"mnuSAMShoppingList", "mnuSAMMealListing"}) {
+        QAction* a = menus.value(QString::fromUtf8(name));
+        a->setCheckable(true);
+        views->addAction(a);
+    }
+    menus.value(QStringLiteral("mnuSAMShoppingList"))->setChecked(true);
+    menus.value(QStringLiteral("mnuEditMealList"))->setVisible(false);
 }
 
 void frmMain::BuildToolbars() {
     tbMain = addToolBar(QStringLiteral("Main"));
     tbMain->setObjectName(QStringLiteral("tbMain"));
-    struct Button { const char* key; const char* text; QStyle::StandardPixmap icon; };
+    tbMain->setIconSize(QSize(22, 22));
+    struct Button {
+        const char* key;
+        const char* text;
+        QString icon;  // a pane picture, or empty for the style's own
+        QStyle::StandardPixmap standard;
+    };
     const Button buttons[] = {
-        {"OpenCookbook", "Open Cookbook", QStyle::SP_DirOpenIcon},
-        {"NewCookbook", "New Cookbook", QStyle::SP_FileDialogNewFolder},
-        {"NewRecipe", "New Recipe", QStyle::SP_FileIcon},
-        {"NewCoupon", "New Coupon", QStyle::SP_FileDialogContentsView},
-        {"NewMeal", "New Meal", QStyle::SP_FileDialogDetailedView},
-        {"NewMessage", "New Message", QStyle::SP_MessageBoxInformation},
-        {"Nutrition", "Nutrition", QStyle::SP_FileDialogInfoView},
-        {"SortAsc", "Sort Ascending", QStyle::SP_ArrowUp},
-        {"SortDsc", "Sort Descending", QStyle::SP_ArrowDown},
-        {"TipODay", "Tip of the Day", QStyle::SP_DialogHelpButton},
-        {"Help", "Help", QStyle::SP_TitleBarContextHelpButton},
+        {"OpenCookbook", "Open Cookbook", "Recipies", QStyle::SP_DirOpenIcon},
+        {"NewCookbook", "New Cookbook", "", QStyle::SP_FileDialogNewFolder},
+        {"NewRecipe", "New Recipe", "Recipe", QStyle::SP_FileIcon},
+        {"CourseMapping", "Course Mapping", "RecipeCat", QStyle::SP_FileDialogListView},
+        {"RecipePref", "Recipe Preferences", "RecipeFavorite", QStyle::SP_FileDialogInfoView},
+        {"", "", "", QStyle::SP_CustomBase},
+        {"NewProduct", "New Product", "Inventory", QStyle::SP_FileIcon},
+        {"Inventory", "Inventory", "IsleMap", QStyle::SP_FileDialogDetailedView},
+        {"NewCoupon", "New Coupon", "Coupon", QStyle::SP_FileIcon},
+        {"NewMeal", "New Meal", "Meal", QStyle::SP_FileIcon},
+        {"NewMessage", "New Message", "Message", QStyle::SP_MessageBoxInformation},
+        {"Nutrition", "Nutrition", "Nutrition", QStyle::SP_FileIcon},
+        {"Website", "Generate Website", "", QStyle::SP_DriveNetIcon},
+        {"", "", "", QStyle::SP_CustomBase},
+        {"SortAsc", "Sort Ascending", "", QStyle::SP_ArrowUp},
+        {"SortDsc", "Sort Descending", "", QStyle::SP_ArrowDown},
+        {"", "", "", QStyle::SP_CustomBase},
+        {"TipODay", "Tip of the Day", "", QStyle::SP_MessageBoxQuestion},
+        {"Options", "Options", "", QStyle::SP_FileDialogContentsView},
+        {"Help", "Help", "", QStyle::SP_DialogHelpButton},
     };
     for (const Button& b : buttons) {
         const QString key = QString::fromUtf8(b.key);
-        QAction* a = tbMain->addAction(style()->standardIcon(b.icon), QString::fromUtf8(b.text));
+        if (key.isEmpty()) {
+            tbMain->addSeparator();
+            continue;
+        }
+        const QIcon icon = b.icon.isEmpty() ? style()->standardIcon(b.standard) : PaneIcon(b.icon);
+        QAction* a = tbMain->addAction(icon, QString::fromUtf8(b.text));
         a->setObjectName(key);
         connect(a, &QAction::triggered, this, [this, key] { tbMain_ButtonClick(key); });
+        // A button stands for its menu command and rests while that does.
+        if (QAction* command = menus.value(ToolbarCommands().value(key))) {
+            a->setEnabled(command->isEnabled());
+            connect(command, &QAction::enabledChanged, a, &QAction::setEnabled);
+        }
     }
+
     tbReports = addToolBar(QStringLiteral("Reports"));
     tbReports->setObjectName(QStringLiteral("tbReports"));
-    for (const char* key : {"InvReport", "ShopListReport", "ProductReport", "CouponReport"}) {
-        const QString k = QString::fromUtf8(key);
-        QAction* a = tbReports->addAction(style()->standardIcon(QStyle::SP_FileDialogListView), k);
-        a->setObjectName(k);
-        connect(a, &QAction::triggered, this, [this, k] { tbReports_ButtonClick(k); });
+    tbReports->setIconSize(QSize(22, 22));
+    const struct {
+        const char* key;
+        const char* text;
+        const char* icon;
+    } reports[] = {{"InvReport", "Inventory Report", "Inventory"},
+                   {"ShopListReport", "Shopping List Report", "ShopList"},
+                   {"ProductReport", "Product Report", "ItemCategory"},
+                   {"CouponReport", "Coupon Report", "Coupon"}};
+    for (const auto& r : reports) {
+        const QString key = QString::fromUtf8(r.key);
+        QAction* a = tbReports->addAction(PaneIcon(QString::fromUtf8(r.icon)), QString::fromUtf8(r.text));
+        a->setObjectName(key);
+        connect(a, &QAction::triggered, this, [this, key] { tbReports_ButtonClick(key); });
+        if (QAction* command = menus.value(ReportToolbarCommands().value(key))) {
+            a->setEnabled(command->isEnabled());
+            connect(command, &QAction::enabledChanged, a, &QAction::setEnabled);
+        }
     }
 }
 
 void frmMain::BuildPanes() {
     MainPanes& panes = MainPanes::Instance();
-    auto tree = [this](QStandardItemModel* model, const QString& name) {
-        auto* view = new QTreeView(this);
-        view->setObjectName(name);
-        view->setModel(model);
-        view->setHeaderHidden(true);
-        view->setDragEnabled(true);
-        view->setAcceptDrops(true);
-        return view;
-    };
-    tvCoupons = tree(&panes.coupons, QStringLiteral("tvCoupons"));
-    tvRecipes = tree(&panes.recipes, QStringLiteral("tvRecipes"));
-    tvMealList = tree(&panes.meals, QStringLiteral("tvMealList"));
-    lvCurrentList = tree(&panes.currentList, QStringLiteral("lvCurrentList"));
-    lvCurrentList->setHeaderHidden(false);
-    lvCurrentList->setRootIsDecorated(false);
-    lvCurrentList->setSortingEnabled(true);
-    lvMessageCenter = new QListView(this);
+
+    tvCoupons = Tree(&panes.coupons, QStringLiteral("tvCoupons"), this);
+    tvRecipes = Tree(&panes.recipes, QStringLiteral("tvRecipes"), this);
+    tvMealList = Tree(&panes.meals, QStringLiteral("tvMealList"), this);
+
+    lvCurrentList = new ListView(this);
+    lvCurrentList->setObjectName(QStringLiteral("lvCurrentList"));
+    lvCurrentList->setModel(&panes.currentList);
+    lvCurrentList->setItemDelegate(new PaneIconDelegate(lvCurrentList));
+    lvCurrentList->setContextMenuPolicy(Qt::CustomContextMenu);
+    lvCurrentList->setEditTriggers(QAbstractItemView::NoEditTriggers);
+
+    lvMessageCenter = new ListView(this);
     lvMessageCenter->setObjectName(QStringLiteral("lvMessageCenter"));
     lvMessageCenter->setModel(&panes.messages);
+    lvMessageCenter->setItemDelegate(new PaneIconDelegate(lvMessageCenter));
+    lvMessageCenter->setContextMenuPolicy(Qt::CustomContextMenu);
+    lvMessageCenter->setEditTriggers(QAbstractItemView::NoEditTriggers);
+
     lvQuickStart = new QListView(this);
     lvQuickStart->setObjectName(QStringLiteral("lvQuickStart"));
     lvQuickStart->setModel(&panes.quickStart);
+    lvQuickStart->setViewMode(QListView::IconMode);
+    lvQuickStart->setMovement(QListView::Static);
+    lvQuickStart->setResizeMode(QListView::Adjust);
+    lvQuickStart->setWrapping(true);
+    lvQuickStart->setIconSize(QSize(32, 32));
+    lvQuickStart->setGridSize(QSize(104, 64));
+    lvQuickStart->setWordWrap(true);
+    lvQuickStart->setSpacing(2);
+    lvQuickStart->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lvQuickStart->setContextMenuPolicy(Qt::CustomContextMenu);
+
     calMeals = new QCalendarWidget(this);
     calMeals->setObjectName(QStringLiteral("calMeals"));
     calMeals->setGridVisible(true);
+    calMeals->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calMeals->setSelectedDate(Clock::Today());
+    calendarView_ = calMeals->findChild<QTableView*>();
     connect(&panes, &MainPanes::mealDatesChanged, this, [this] {
         QTextCharFormat plain, bold;
         bold.setFontWeight(QFont::Bold);
+        bold.setForeground(QColor(0x1d, 0x4e, 0x89));
         calMeals->setDateTextFormat(QDate(), plain);
         for (const QDate& d : MainPanes::Instance().boldMealDates) calMeals->setDateTextFormat(d, bold);
     });
 
-    // imgOne, imgTwo and imgNoteSplit: the column split and the split inside each column.
+    auto header = [this](const char* name, const char* text) {
+        QLabel* label = Header(QString::fromUtf8(name), QString::fromUtf8(text), this);
+        headers.insert(label->objectName(), label);
+        return label;
+    };
+
     left_ = new QSplitter(Qt::Vertical, this);
-    left_->addWidget(Pane(QStringLiteral(" Coupons"), tvCoupons, left_));
-    left_->addWidget(Pane(QStringLiteral(" Recipes"), tvRecipes, left_));
-    left_->addWidget(Pane(QStringLiteral(" Message Center"), lvMessageCenter, left_));
-    right_ = new QSplitter(Qt::Vertical, this);
-    right_->addWidget(Pane(QStringLiteral(" Meal Calendar"), calMeals, right_));
-    right_->addWidget(Pane(QStringLiteral(" Quick Start Menu"), lvQuickStart, right_));
+    left_->setChildrenCollapsible(false);
+    left_->addWidget(Pane(header("lblCoupons", " Coupons"), tvCoupons, left_));
+    left_->addWidget(Pane(header("lblRecipes", " Recipes"), tvRecipes, left_));
+    left_->addWidget(Pane(header("lblMessageCenter", " Message Center"), lvMessageCenter, left_));
+
+    right_ = new QWidget(this);
+    auto* rightLayout = new QVBoxLayout(right_);
+    rightLayout->setContentsMargins(0, 0, 0, 0);
+    rightLayout->setSpacing(4);
+    calendarPane_ = Pane(header("lblMealCalendar", " Meal Calendar"), calMeals, right_);
+    quickStartPane_ = Pane(header("lblQuickStart", " Quick Start Menu"), lvQuickStart, right_);
     lowerRight_ = new QStackedWidget(right_);
-    lowerRight_->addWidget(Pane(QStringLiteral(" Current Shopping List"), lvCurrentList, lowerRight_));
-    lowerRight_->addWidget(Pane(QString(), tvMealList, lowerRight_));
-    right_->addWidget(lowerRight_);
+    lowerRight_->addWidget(Pane(header("lblCurrentList", " Current Shopping List"), lvCurrentList, lowerRight_));
+    lowerRight_->addWidget(Pane(nullptr, tvMealList, lowerRight_));
+    rightLayout->addWidget(calendarPane_);
+    rightLayout->addWidget(quickStartPane_);
+    rightLayout->addWidget(lowerRight_, 1);
+
     columns_ = new QSplitter(Qt::Horizontal, this);
-    columns_->setObjectName(QStringLiteral("imgOne"));
-    left_->setObjectName(QStringLiteral("imgTwo"));
-    right_->setObjectName(QStringLiteral("imgNoteSplit"));
+    columns_->setChildrenCollapsible(false);
     columns_->addWidget(left_);
     columns_->addWidget(right_);
-    setCentralWidget(columns_);
+    columns_->setObjectName(QStringLiteral("Columns"));
+    left_->setObjectName(QStringLiteral("LeftColumn"));
+    columns_->handle(1)->setObjectName(QStringLiteral("imgOne"));
+    left_->handle(1)->setObjectName(QStringLiteral("imgTwo"));
+    left_->handle(2)->setObjectName(QStringLiteral("imgNoteSplit"));
+    columns_->setHandleWidth(6);
+    left_->setHandleWidth(6);
 
-    StatusPanelMessage = new QLabel(this);
-    StatusPanelCookbook = new QLabel(this);
-    StatusPanelInventory = new QLabel(this);
-    statusBar()->addWidget(StatusPanelMessage, 2);
-    statusBar()->addWidget(StatusPanelCookbook, 2);
-    statusBar()->addWidget(StatusPanelInventory, 1);
+    auto* central = new QWidget(this);
+    auto* centralLayout = new QVBoxLayout(central);
+    centralLayout->setContentsMargins(4, 4, 4, 0);
+    centralLayout->addWidget(columns_);
+    setCentralWidget(central);
+
+    // A moved splitter keeps its new shares and the panes are sized again.
+    connect(columns_, &QSplitter::splitterMoved, this, [this] {
+        if (laying_) return;
+        const QList<int> s = columns_->sizes();
+        const int total = s.value(0) + s.value(1);
+        if (total > 0) leftShare_ = double(s.value(0)) / total;
+        LayoutPanes();
+    });
+    connect(left_, &QSplitter::splitterMoved, this, [this] {
+        if (laying_) return;
+        const QList<int> s = left_->sizes();
+        const int total = s.value(0) + s.value(1) + s.value(2);
+        if (total > 0) {
+            couponShare_ = double(s.value(0)) / total;
+            recipeShare_ = double(s.value(1)) / total;
+        }
+        LayoutPanes();
+    });
+
+    // Popups: a right click selects what is under the pointer first.
+    connect(tvRecipes, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
+        const QModelIndex index = tvRecipes->indexAt(pos);
+        if (index.isValid()) tvRecipes->setCurrentIndex(index);
+        SetRecipePopup(MainPanes::Instance().recipes.itemFromIndex(index));
+        ShowPopup(mnuPopupRecipies, tvRecipes, pos);
+    });
+    connect(tvCoupons, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
+        const QModelIndex index = tvCoupons->indexAt(pos);
+        if (index.isValid()) tvCoupons->setCurrentIndex(index);
+        SetCouponPopup(MainPanes::Instance().coupons.itemFromIndex(index));
+        ShowPopup(mnuCouponPopup, tvCoupons, pos);
+    });
+    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(lvCurrentList),
+                                    static_cast<QAbstractItemView*>(tvMealList)}) {
+        connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& pos) {
+            const QModelIndex index = view->indexAt(pos);
+            if (index.isValid()) view->setCurrentIndex(index);
+            SetListAndMealsPopup();
+            ShowPopup(mnuShopListAndMeals, view, pos);
+        });
+    }
+    connect(lvQuickStart, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
+        const QModelIndex index = lvQuickStart->indexAt(pos);
+        if (index.isValid()) lvQuickStart->setCurrentIndex(index);
+        ShowPopup(mnuPOPQuickStart, lvQuickStart, pos);
+    });
+    connect(lvMessageCenter, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
+        const QModelIndex index = lvMessageCenter->indexAt(pos);
+        if (index.isValid()) lvMessageCenter->setCurrentIndex(index);
+        ShowPopup(menus.value(QStringLiteral("mnuMessages"))->menu(), lvMessageCenter, pos);
+    });
+
+    connect(lvQuickStart, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
+        lvQuickStart_DblClick(index.data(MainPanes::KeyRole).toString());
+    });
+    connect(lvMessageCenter, &QAbstractItemView::doubleClicked, this, [this] { MessageDisplay(); });
+    lvMessageCenter->installEventFilter(this);
+
+    // The list toolbar's sort buttons act on the list last used.
+    for (ListView* list : {lvCurrentList, lvMessageCenter})
+        connect(list, &ListView::becameActive, this, [this, list] { activeList_ = list; });
+
+    // Drags start from recipe nodes and end on the list, a day or a category.
+    tvRecipes->setDragEnabled(false);
+    tvRecipes->setAutoScroll(false);
+    tvRecipes->viewport()->installEventFilter(this);
+    tvRecipes->viewport()->setAcceptDrops(true);
+    lvCurrentList->viewport()->installEventFilter(this);
+    lvCurrentList->viewport()->setAcceptDrops(true);
+    if (calendarView_) {
+        calendarView_->viewport()->installEventFilter(this);
+        calendarView_->viewport()->setAcceptDrops(true);
+    }
+
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(80);
+    connect(Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
+    expandTimer_ = new QTimer(this);
+    expandTimer_->setSingleShot(true);
+    expandTimer_->setInterval(700);
+    connect(expandTimer_, &QTimer::timeout, this, [this] {
+        if (expandIndex_.isValid()) tvRecipes->expand(expandIndex_);
+    });
+    tmrReminders = new QTimer(this);
+    tmrReminders->setObjectName(QStringLiteral("tmrReminders"));
 }
+
+void frmMain::BuildStatusBar() {
+    StatusPanelMessage = new QLabel(this);
+    StatusPanelMessage->setObjectName(QStringLiteral("Message"));
+    StatusPanelCookbook = new QLabel(this);
+    StatusPanelCookbook->setObjectName(QStringLiteral("Cookbook"));
+    StatusPanelRecipes = new QLabel(this);
+    StatusPanelRecipes->setObjectName(QStringLiteral("Recipes"));
+    StatusPanelInventory = new QLabel(this);
+    StatusPanelInventory->setObjectName(QStringLiteral("Inventory"));
+    for (QLabel* panel : {StatusPanelMessage, StatusPanelCookbook, StatusPanelRecipes, StatusPanelInventory})
+        panel->setContentsMargins(6, 0, 6, 0);
+    statusBar()->addWidget(StatusPanelMessage, 3);
+    statusBar()->addPermanentWidget(StatusPanelCookbook);
+    statusBar()->addPermanentWidget(StatusPanelRecipes);
+    statusBar()->addPermanentWidget(StatusPanelInventory);
+}
+
+// --- layout -------------------------------------------------------------------
 
 void frmMain::LayoutPanes() {
-    // The current list takes the height the calendar and quick start leave.
-    const int w = width();
-    columns_->setSizes({w / 2, w - w / 2});
-    const int h = qMax(300, centralWidget()->height());
-    left_->setSizes({h / 3, h / 3, h - 2 * (h / 3)});
-    const int calendar = qMin(calMeals->sizeHint().height() + 24, h / 2);
-    const int quick = h / 6;
-    right_->setSizes({calendar, quick, qMax(80, h - calendar - quick)});
+    if (laying_) return;
+    laying_ = true;
+    // Left column: coupons, recipes, messages by their shares; right column:
+    // the calendar at its natural height, the quick start for two rows of
+    // shortcuts, and the current list (or the meal tree) taking what is left.
+    const int width = qMax(400, columns_->width());
+    const int minimumRight = calMeals->minimumSizeHint().width() + 8;
+    int leftWidth = int(width * leftShare_);
+    leftWidth = qBound(200, leftWidth, qMax(200, width - minimumRight));
+    columns_->setSizes({leftWidth, width - leftWidth});
+
+    const int height = qMax(300, left_->height());
+    const int coupons = int(height * couponShare_);
+    const int recipes = int(height * recipeShare_);
+    left_->setSizes({coupons, recipes, qMax(60, height - coupons - recipes)});
+
+    const int calendar = calMeals->sizeHint().height();
+    calMeals->setFixedHeight(qMax(calendar, 170));
+    // Up to two rows of shortcuts; a third scrolls.
+    const int perRow = qMax(1, (width - leftWidth - 12) / lvQuickStart->gridSize().width());
+    const int items = lvQuickStart->model()->rowCount();
+    const int rows = qBound(1, (items + perRow - 1) / perRow, 2);
+    lvQuickStart->setFixedHeight(rows * lvQuickStart->gridSize().height() + 2 * lvQuickStart->frameWidth() + 6);
+
+    // The current list's columns keep their shares of its width.
+    lvCurrentList->SetColumnShares({40, 18, 20, 20});
+    laying_ = false;
 }
 
-void frmMain::SetMessage(const QString& text) { StatusPanelMessage->setText(text); }
-
-void frmMain::tbMain_ButtonClick(const QString& key) {
-    if (key == QLatin1String("SortAsc") || key == QLatin1String("SortDsc")) {
-        const Qt::SortOrder order = key == QLatin1String("SortAsc") ? Qt::AscendingOrder : Qt::DescendingOrder;
-        if (lvCurrentList->hasFocus()) lvCurrentList->sortByColumn(0, order);
-        return;
-    }
-    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), 0, QStringLiteral("Coming Soon"));
-}
-
-void frmMain::tbReports_ButtonClick(const QString&) {
-    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), 0, QStringLiteral("Coming Soon"));
-}
-
-void frmMain::mnuSAMShoppingList_Click() {
-    ShowingCurrentList = true;
-    lowerRight_->setCurrentIndex(0);
-}
-
-void frmMain::mnuSAMMealListing_Click() {
-    ShowingCurrentList = false;
-    lowerRight_->setCurrentIndex(1);
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    LayoutPanes();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -312,4 +751,352 @@ void frmMain::closeEvent(QCloseEvent* event) {
     // Closing the window is the same as Exit, which may keep it open.
     event->ignore();
     mnuExit();
+}
+
+void frmMain::SetMessage(const QString& text) { StatusPanelMessage->setText(text); }
+
+// --- toolbars -----------------------------------------------------------------
+
+ListView* frmMain::ActiveList() const {
+    QWidget* focus = QApplication::focusWidget();
+    for (ListView* list : {lvCurrentList, lvMessageCenter})
+        if (focus && (focus == list || list->isAncestorOf(focus))) return list;
+    return activeList_;
+}
+
+void frmMain::tbMain_ButtonClick(const QString& key) {
+    if (key == QLatin1String("SortAsc") || key == QLatin1String("SortDsc")) {
+        if (ListView* list = ActiveList()) {
+            list->SortOrder(key == QLatin1String("SortAsc") ? Qt::AscendingOrder : Qt::DescendingOrder);
+            list->Sorted(true);
+        }
+        return;
+    }
+    const QString command = ToolbarCommands().value(key);
+    if (QAction* action = menus.value(command)) {
+        // "TipODay" and "Options" open their screens with the opening effect,
+        // as their menu commands do.
+        action->trigger();
+        return;
+    }
+    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), vb::vbInformation,
+           QStringLiteral("Coming Soon"));
+}
+
+void frmMain::tbReports_ButtonClick(const QString& key) {
+    if (QAction* action = menus.value(ReportToolbarCommands().value(key))) {
+        action->trigger();
+        return;
+    }
+    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), vb::vbInformation,
+           QStringLiteral("Coming Soon"));
+}
+
+// --- menu states ----------------------------------------------------------------
+
+void frmMain::DisableMenuOptions() {
+    for (QAction* top : menuBar()->actions()) top->setEnabled(false);
+    tbMain->setEnabled(false);
+    tbReports->setEnabled(false);
+}
+
+void frmMain::EnableMenuOptions() {
+    for (QAction* top : menuBar()->actions()) top->setEnabled(true);
+    tbMain->setEnabled(true);
+    tbReports->setEnabled(true);
+}
+
+void frmMain::ResetOverView() {
+    mnuSAMShoppingList_Click();
+    LayoutPanes();
+}
+
+// --- commands -------------------------------------------------------------------
+
+void frmMain::mnuCloseCookbook_Click() {
+    CurrentCookbook.clear();
+    ReloadRecipes();
+}
+
+void frmMain::mnuReprintLastReport_Click() {
+    Trap(QStringLiteral("frmMain.mnuReprintLastReport"), [&] {
+        if (!Registry().SaveReportCopy() || LastReportFile.isEmpty() || !QFile::exists(LastReportFile)) {
+            MsgBox(QStringLiteral("The last report cannot be printed because either there have been no Reports "
+                                  "printed since Larderkeep was started or the Report has been moved or deleted ..."),
+                   vb::vbInformation + vb::vbMsgBoxHelpButton, QStringLiteral("Notice"), Registry().HelpFile(), 1151);
+            return;
+        }
+        QFile file(LastReportFile);
+        if (!file.open(QIODevice::ReadOnly)) {
+            MsgBox(QStringLiteral("The last report could not be read: %1").arg(QDir::toNativeSeparators(LastReportFile)),
+                   vb::vbExclamation, QStringLiteral("Notice"));
+            return;
+        }
+        QTextDocument document;
+        const QByteArray bytes = file.readAll();
+        if (LastReportFile.endsWith(QLatin1String(".htm"), Qt::CaseInsensitive) ||
+            LastReportFile.endsWith(QLatin1String(".html"), Qt::CaseInsensitive))
+            document.setHtml(QString::fromUtf8(bytes));
+        else
+            document.setPlainText(QString::fromUtf8(bytes));
+
+        if (QPrinterInfo::availablePrinters().isEmpty()) {
+            // No printer on this machine: the copy is offered as a PDF.
+            const QString pdf = TheUi().SaveFileName(
+                QStringLiteral("Save the last report as PDF"),
+                QDir::homePath() + QLatin1Char('/') + QFileInfo(LastReportFile).completeBaseName() +
+                    QStringLiteral(".pdf"),
+                QStringLiteral("PDF files (*.pdf)"));
+            if (pdf.isEmpty()) return;
+            QPrinter printer(QPrinter::HighResolution);
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(pdf);
+            document.print(&printer);
+            return;
+        }
+        // The print dialog gives the copies and the orientation.
+        QPrinter printer(QPrinter::HighResolution);
+        QPrintDialog dialog(&printer, this);
+        dialog.setWindowTitle(QStringLiteral("Reprint last Report"));
+        if (TheUi().ShowModal(&dialog) != QDialog::Accepted) return;
+        document.print(&printer);
+    });
+}
+
+void frmMain::mnuClearRecipeComparasions_Click() {
+    RecipeComparisons::Instance().Clear();
+    // The tree's compared recipes look like the others again.
+    MainPanes& panes = MainPanes::Instance();
+    for (QStandardItem* node : panes.AllNodes(panes.recipes)) {
+        const QString key = node->data(MainPanes::ImageKeyRole).toString();
+        if (key == QLatin1String("RecipeCompare")) panes.SetImageKey(node, QStringLiteral("Recipe"));
+        else if (key == QLatin1String("RecipeCompareFavorite")) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
+    }
+}
+
+void frmMain::mnuSAMShoppingList_Click() {
+    ShowingCurrentList = true;
+    lowerRight_->setCurrentIndex(0);
+    menus.value(QStringLiteral("mnuSAMShoppingList"))->setChecked(true);
+    menus.value(QStringLiteral("mnuEditShopList"))->setVisible(true);
+    menus.value(QStringLiteral("mnuEditMealList"))->setVisible(false);
+}
+
+void frmMain::mnuSAMMealListing_Click() {
+    ShowingCurrentList = false;
+    lowerRight_->setCurrentIndex(1);
+    menus.value(QStringLiteral("mnuSAMMealListing"))->setChecked(true);
+    menus.value(QStringLiteral("mnuEditShopList"))->setVisible(false);
+    menus.value(QStringLiteral("mnuEditMealList"))->setVisible(true);
+}
+
+void frmMain::mnuPOPSetQSItems_Click() {
+    frmQuickStart form(this);
+    ExplodeForm(&form, Registry().ExplodeRate());
+    TheUi().ShowModal(&form);
+}
+
+void frmMain::lvQuickStart_DblClick(const QString& key) {
+    QAction* action = menus.value(QuickStartCommands().value(key));
+    if (action && action->isEnabled()) {
+        action->trigger();
+        return;
+    }
+    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+}
+
+// --- the recipe tree's popup ---------------------------------------------------
+
+QStandardItem* frmMain::SelectedRecipeNode() const {
+    return MainPanes::Instance().recipes.itemFromIndex(tvRecipes->currentIndex());
+}
+
+void frmMain::SetRecipePopup(QStandardItem* node) {
+    const bool recipe = IsRecipeNode(node);
+    const bool category = IsCategoryNode(node);
+    const QString title = recipe ? node->text() : QString();
+    auto set = [this](const char* name, const QString& caption, bool enabled) {
+        QAction* a = menus.value(QString::fromUtf8(name));
+        a->setText(caption);
+        // Entries whose screens are not there stay disabled whatever the node.
+        if (a->property("wired").toBool()) a->setEnabled(enabled);
+    };
+    set("mnuPOPDisplayRecipie", recipe ? QStringLiteral("Display ") + title : QStringLiteral("Display Recipe"), recipe);
+    set("mnuPOPEditRecipie", recipe ? QStringLiteral("Edit ") + title : QStringLiteral("Edit Recipe"), recipe);
+    set("mnuPOPDeleteRecipie", recipe ? QStringLiteral("Delete ") + title : QStringLiteral("Delete Recipe"), recipe);
+    set("mnuPOPPrintRecipie", QStringLiteral("Print Recipe"), recipe);
+    set("mnuPOPPrintPreview", QStringLiteral("Print Preview"), recipe);
+    set("mnuPOPToggleFavorite", QStringLiteral("Toggle Favorite"), recipe);
+    set("mnuPOPAddRecipeToComparison", QStringLiteral("Add to Recipe Comparison"), recipe);
+    set("mnuPOPExpandView", recipesExpanded_ ? QStringLiteral("Collapse View") : QStringLiteral("Expand View"), true);
+    set("mnuPOPDisplayFavorites",
+        recipeFilter_ == RecipeFilter::Favorites ? QStringLiteral("Display All Recipes")
+                                                 : QStringLiteral("Display Favorites"),
+        true);
+    if (recipeFilter_ == RecipeFilter::Category) {
+        set("mnuPOPShowRecipesInCategory", QStringLiteral("Display All Recipes"), true);
+    } else if (category) {
+        set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in ") + node->text(), true);
+    } else if (recipe && IsCategoryNode(node->parent())) {
+        set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in ") + node->parent()->text(), true);
+    } else {
+        set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in Category"), false);
+    }
+}
+
+void frmMain::SetCouponPopup(QStandardItem* node) {
+    // A coupon's manufacturer names the search; the rest of the entries wait
+    // for the coupon screens.
+    QStandardItem* maker = node;
+    if (maker && maker->parent() && maker->data(MainPanes::TagRole).toString() != QLatin1String("Manufacturer"))
+        maker = maker->parent();
+    const bool isMaker = maker && maker->data(MainPanes::TagRole).toString() == QLatin1String("Manufacturer");
+    menus.value(QStringLiteral("mnuFindCouponsFor"))
+        ->setText(isMaker ? QStringLiteral("Find Coupons for ") + maker->text()
+                          : QStringLiteral("Find Coupons for Manufacturer"));
+}
+
+void frmMain::SetListAndMealsPopup() {
+    menus.value(QStringLiteral("mnuSAMShoppingList"))->setChecked(ShowingCurrentList);
+    menus.value(QStringLiteral("mnuSAMMealListing"))->setChecked(!ShowingCurrentList);
+    menus.value(QStringLiteral("mnuEditShopList"))->setVisible(ShowingCurrentList);
+    menus.value(QStringLiteral("mnuEditMealList"))->setVisible(!ShowingCurrentList);
+}
+
+void frmMain::ShowPopup(QMenu* menu, QWidget* view, const QPoint& pos) {
+    if (!menu) return;
+    QWidget* area = view;
+    if (auto* scroll = qobject_cast<QAbstractScrollArea*>(view)) area = scroll->viewport();
+    menu->popup(area->mapToGlobal(pos));
+}
+
+void frmMain::mnuPOPExpandView_Click() {
+    recipesExpanded_ = !recipesExpanded_;
+    if (recipesExpanded_) tvRecipes->expandAll();
+    else {
+        tvRecipes->collapseAll();
+        // The root stays open so the categories show.
+        tvRecipes->expand(MainPanes::Instance().recipes.index(0, 0));
+    }
+}
+
+void frmMain::mnuPOPDisplayFavorites_Click() {
+    recipeFilter_ = recipeFilter_ == RecipeFilter::Favorites ? RecipeFilter::All : RecipeFilter::Favorites;
+    filterCategory_.clear();
+    ApplyRecipeFilter();
+}
+
+void frmMain::mnuPOPShowRecipesInCategory_Click() {
+    if (recipeFilter_ == RecipeFilter::Category) {
+        recipeFilter_ = RecipeFilter::All;
+        filterCategory_.clear();
+        ApplyRecipeFilter();
+        return;
+    }
+    QStandardItem* node = SelectedRecipeNode();
+    if (IsRecipeNode(node)) node = node->parent();
+    if (!IsCategoryNode(node)) return;
+    recipeFilter_ = RecipeFilter::Category;
+    filterCategory_ = node->data(MainPanes::KeyRole).toString();
+    ApplyRecipeFilter();
+}
+
+void frmMain::ApplyRecipeFilter() {
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* root = panes.FindByKey(panes.recipes, QStringLiteral("Root"));
+    if (!root) return;
+    const QModelIndex rootIndex = root->index();
+    tvRecipes->setUpdatesEnabled(false);
+    for (int c = 0; c < root->rowCount(); ++c) {
+        QStandardItem* category = root->child(c);
+        const QModelIndex categoryIndex = category->index();
+        bool anyShown = false;
+        for (int r = 0; r < category->rowCount(); ++r) {
+            const bool favourite =
+                category->child(r)->data(MainPanes::TagRole).toString() == QLatin1String("RecipeFavorite");
+            const bool show = recipeFilter_ != RecipeFilter::Favorites || favourite;
+            tvRecipes->setRowHidden(r, categoryIndex, !show);
+            anyShown = anyShown || show;
+        }
+        bool showCategory = true;
+        if (recipeFilter_ == RecipeFilter::Favorites) showCategory = anyShown;
+        else if (recipeFilter_ == RecipeFilter::Category)
+            showCategory = category->data(MainPanes::KeyRole).toString().compare(filterCategory_, Qt::CaseInsensitive) == 0;
+        tvRecipes->setRowHidden(c, rootIndex, !showCategory);
+        if (recipeFilter_ != RecipeFilter::All && showCategory) tvRecipes->expand(categoryIndex);
+    }
+    tvRecipes->expand(rootIndex);
+    tvRecipes->setUpdatesEnabled(true);
+}
+
+void frmMain::mnuPOPToggleFavorite_Click() {
+    QStandardItem* node = SelectedRecipeNode();
+    if (!IsRecipeNode(node)) return;
+    const QString title = node->text();
+    clsRecipies recipes;
+    recipes.MarkFavorite(title);
+    // The tree follows the new mark on every node of the recipe.
+    MainPanes& panes = MainPanes::Instance();
+    const bool nowFavourite = node->data(MainPanes::TagRole).toString() != QLatin1String("RecipeFavorite");
+    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
+        if (!IsRecipeNode(n) || n->text() != title) continue;
+        if (n->data(MainPanes::TagRole).toString() != QLatin1String("Recipe Title"))
+            n->setData(nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe"), MainPanes::TagRole);
+        const QString key = n->data(MainPanes::ImageKeyRole).toString();
+        const bool compared = key.startsWith(QLatin1String("RecipeCompare"));
+        panes.SetImageKey(n, compared ? (nowFavourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"))
+                                      : (nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe")));
+        if (nowFavourite) n->setData(QVariant(), Qt::ForegroundRole);
+        else panes.SetColour(n, QColor(100, 100, 100));
+    }
+    if (recipeFilter_ == RecipeFilter::Favorites) ApplyRecipeFilter();
+}
+
+void frmMain::mnuPOPPrintRecipie_Click() {
+    QStandardItem* node = SelectedRecipeNode();
+    if (!IsRecipeNode(node)) return;
+    clsRecipies recipes;
+    recipes.PrintPreview(node->text(), 1, QString());
+}
+
+void frmMain::mnuPOPPrintPreview_Click() {
+    QStandardItem* node = SelectedRecipeNode();
+    if (!IsRecipeNode(node)) return;
+    clsRecipies recipes;
+    recipes.PrintPreview(node->text(), 2, QString());
+}
+
+void frmMain::mnuPOPAddRecipeToComparison_Click() {
+    QStandardItem* node = SelectedRecipeNode();
+    if (!IsRecipeNode(node)) return;
+    const QString title = node->text();
+    RecipeComparisons::Instance().Add(title);
+    MainPanes& panes = MainPanes::Instance();
+    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
+        if (!IsRecipeNode(n) || n->text() != title) continue;
+        const bool favourite = n->data(MainPanes::ImageKeyRole).toString().contains(QLatin1String("Favorite")) ||
+                               n->data(MainPanes::TagRole).toString() == QLatin1String("RecipeFavorite");
+        panes.SetImageKey(n, favourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"));
+    }
+}
+
+void frmMain::mnuPOPDeleteRecipie_Click() {
+    QStandardItem* node = SelectedRecipeNode();
+    if (!IsRecipeNode(node)) return;
+    const QString title = node->text();
+    Response = MsgBox(QStringLiteral("Are you sure you want to delete ") + title +
+                          QStringLiteral("? It is removed from every category, meal and comparison."),
+                      vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2, QStringLiteral("Delete Recipe"));
+    if (Response != vb::Yes) return;
+    clsRecipies recipes;
+    const qint16 result = recipes.DeleteRecipie(title);
+    if (result == 1)
+        MsgBox(QStringLiteral("More than one recipe is titled ") + title + QStringLiteral(", so none was deleted."),
+               vb::vbExclamation, QStringLiteral("Delete Recipe"));
+    else if (result == 2)
+        MsgBox(title + QStringLiteral(" could not be found, so it was not deleted."), vb::vbExclamation,
+               QStringLiteral("Delete Recipe"));
+    else
+        RecipeComparisons::Instance().RemoveFirst(title);
+    SetCurrentRecipieCount();
 }

@@ -1,15 +1,23 @@
 #pragma once
 
+#include <QDate>
 #include <QMainWindow>
 #include <QMap>
+#include <QPersistentModelIndex>
+#include <QPoint>
 #include <QStringList>
 
+class ListView;
 class QCalendarWidget;
 class QLabel;
 class QListView;
 class QMenu;
+class QModelIndex;
 class QSplitter;
 class QStackedWidget;
+class QStandardItem;
+class QTableView;
+class QTimer;
 class QToolBar;
 class QTreeView;
 class frmSplash;
@@ -35,17 +43,33 @@ public:
     // Panes and controls.
     QTreeView* tvCoupons;
     QTreeView* tvRecipes;
-    QListView* lvMessageCenter;
+    ListView* lvMessageCenter;
     QListView* lvQuickStart;
-    QTreeView* lvCurrentList;
+    ListView* lvCurrentList;
     QTreeView* tvMealList;
     QCalendarWidget* calMeals;
     QToolBar* tbMain;
     QToolBar* tbReports;
     QLabel* StatusPanelMessage;
     QLabel* StatusPanelCookbook;
+    QLabel* StatusPanelRecipes;
     QLabel* StatusPanelInventory;
-    QMap<QString, QAction*> menus;  // every menu entry by name
+    QTimer* Timer1;        // scrolls the recipe tree while a drag is near its edge
+    QTimer* tmrReminders;  // kept for its place; it has no work
+    QMap<QString, QAction*> menus;  // every menu entry, submenu and popup entry by name
+    QMenu* mnuPopupRecipies;
+    QMenu* mnuCouponPopup;
+    QMenu* mnuShopListAndMeals;
+    QMenu* mnuPOPQuickStart;
+    // Header label of each pane by its caption's control name ("lblRecipes").
+    QMap<QString, QLabel*> headers;
+    // The splitter bars: imgOne between the columns, imgTwo under the coupons,
+    // imgNoteSplit above the message centre.
+    QSplitter* Columns() const { return columns_; }
+    QSplitter* LeftColumn() const { return left_; }
+
+    // The dragged recipe's title, "" when no drag is under way.
+    QString DragTitle() const { return dragTitle_; }
 
 public Q_SLOTS:
     void Form_Load();
@@ -66,7 +90,9 @@ public Q_SLOTS:
     // Pane loading; each rebuilds its pane from the database.
     void LoadQuickStart();
     void LoadCoupons();
+    void LoadAllCoupons();
     void LoadRecipies();
+    void ReloadRecipes();
     void LoadShoppingList();
     void LoadMealList();
     void SetCurrentInventory();
@@ -77,21 +103,85 @@ public Q_SLOTS:
     void ShowTip();
     void ShowPurge();
 
+    // For the screens that change the panes.
+    void AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,
+                   const QString& product);
+    void AddNewCategoryWithRecipe(const QString& category, const QString& title);
+    // While a tool works on the data behind the panes the menus and toolbars rest.
+    void EnableMenuOptions();
+    void DisableMenuOptions();
+    // The lower right pane back to the current list, the panes laid out afresh.
+    void ResetOverView();
+
+    // Toolbars.
     void tbMain_ButtonClick(const QString& key);
     void tbReports_ButtonClick(const QString& key);
+
+    // Commands.
+    void mnuCloseCookbook_Click();
+    void mnuReprintLastReport_Click();
+    void mnuClearRecipeComparasions_Click();
     void mnuSAMShoppingList_Click();
     void mnuSAMMealListing_Click();
+    void mnuPOPSetQSItems_Click();
+    void mnuPOPExpandView_Click();
+    void mnuPOPDisplayFavorites_Click();
+    void mnuPOPShowRecipesInCategory_Click();
+    void mnuPOPToggleFavorite_Click();
+    void mnuPOPPrintRecipie_Click();
+    void mnuPOPPrintPreview_Click();
+    void mnuPOPAddRecipeToComparison_Click();
+    void mnuPOPDeleteRecipie_Click();
+    void lvQuickStart_DblClick(const QString& key);
+
+    // Popups: set the captions and states for the node or row the menu opens
+    // on (nullptr for none). The right click selects the node, calls these,
+    // and shows the menu.
+    void SetRecipePopup(QStandardItem* node);
+    void SetCouponPopup(QStandardItem* node);
+    void SetListAndMealsPopup();
+
+    // Drops of a recipe dragged from the recipe tree.
+    void lvCurrentList_DragDrop(const QString& recipe);
+    void calMeals_DragDrop(const QString& recipe, const QDate& day);
+    void tvRecipes_DragDrop(const QString& recipe, QStandardItem* target);
+    // The pointer moved over the recipe tree during a drag (viewport position).
+    void tvRecipes_DragOver(const QPoint& pos);
+    void Timer1_Timer();
+    // The end of every drag, dropped or not.
+    void EndDrag();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class RecipeFilter { All, Favorites, Category };
+
     void BuildMenus();
+    void BuildPopups();
     void BuildToolbars();
     void BuildPanes();
+    void BuildStatusBar();
+    void Connect(const QString& name, void (frmMain::*slot)());
     void Status(const QString& text);
     bool DeviceCheckDisabled() const { return true; }
     void PrintCommandLineReport(const QString& which);
+    void ShowPopup(QMenu* menu, QWidget* view, const QPoint& pos);
+    void StartRecipeDrag(const QString& title);
+    void ApplyRecipeFilter();
+    void MarkMealDay(const QDate& day);
+    // One Meal row into the meal tree: the meal's node (made once per name)
+    // and a node per course that holds a recipe, in the order App, Main,
+    // SideOne, SideTwo, SideThree, Desert.
+    void AddMealRow(const QString& name, bool favorite, const QString& id, const QStringList& courses);
+    QDate CalendarDateAt(const QPoint& viewportPos) const;
+    QStandardItem* SelectedRecipeNode() const;
+    ListView* ActiveList() const;
+    // Where list generation from a recipe plugs in; false until it is there.
+    bool GenerateListFromRecipe(const QString& recipe, const QString& list);
+    QString PickShoppingList();
 
     QString commandLine_;
     QStringList statusTexts_;
@@ -99,8 +189,33 @@ private:
     frmSplash* splash_ = nullptr;
     QSplitter* columns_ = nullptr;
     QSplitter* left_ = nullptr;
-    QSplitter* right_ = nullptr;
+    QWidget* right_ = nullptr;
+    QWidget* quickStartPane_ = nullptr;
+    QWidget* calendarPane_ = nullptr;
     QStackedWidget* lowerRight_ = nullptr;
+    QTableView* calendarView_ = nullptr;
     bool ended_ = false;
     bool exiting_ = false;
+
+    // Layout: the share of the width the left column takes and the shares of
+    // its height the coupons and recipes take; the splitters change them.
+    double leftShare_ = 0.46;
+    double couponShare_ = 0.26;
+    double recipeShare_ = 0.50;
+    bool laying_ = false;
+
+    // The recipe tree's display: everything, favourites, or one category.
+    RecipeFilter recipeFilter_ = RecipeFilter::All;
+    QString filterCategory_;
+    bool recipesExpanded_ = false;
+
+    // Drag state.
+    QString dragTitle_;
+    QPoint pressPos_;
+    int scrollDirection_ = 0;
+    // A collapsed node held under the pointer during a drag opens after a moment.
+    QTimer* expandTimer_ = nullptr;
+    QPersistentModelIndex expandIndex_;
+
+    ListView* activeList_ = nullptr;
 };

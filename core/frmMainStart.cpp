@@ -2,6 +2,7 @@
 // the two-stage exit.
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/ListView.h"
 #include "core/MainPanes.h"
 #include "core/Dates.h"
 #include "core/Values.h"
@@ -99,20 +100,24 @@ void frmMain::Form_Load() {
         // 10.
         Status(QStringLiteral("Loading Messages ..."));
         LoadMessages();
-        lvMessageCenter->setViewMode(CLng(Registry().MessageView()) == 0 ? QListView::IconMode : QListView::ListMode);
+        lvMessageCenter->View(CLng(Registry().MessageView()));
         DisplayReminders();
         // 11.
         Status(QStringLiteral("Loading QuickStart ..."));
         LoadQuickStart();
         MainPanes& panes = MainPanes::Instance();
         panes.Clear(panes.coupons);
-        panes.SetBold(panes.AddNode(panes.coupons, QString(), QStringLiteral("Root"), QStringLiteral("Coupons")));
+        QStandardItem* couponRoot = panes.AddNode(panes.coupons, QString(), QStringLiteral("Root"), QStringLiteral("Coupons"));
+        panes.SetBold(couponRoot);
+        panes.SetImageKey(couponRoot, QStringLiteral("Coupons"));
         // 12.
         Status(QStringLiteral("Loading Manufacturers/Coupons ..."));
         LoadCoupons();
         // 13.
         panes.Clear(panes.recipes);
-        panes.SetBold(panes.AddNode(panes.recipes, QString(), QStringLiteral("Root"), QStringLiteral("Recipies")));
+        QStandardItem* recipeRoot = panes.AddNode(panes.recipes, QString(), QStringLiteral("Root"), QStringLiteral("Recipies"));
+        panes.SetBold(recipeRoot);
+        panes.SetImageKey(recipeRoot, QStringLiteral("Recipies"));
         CurrentCookbook = Registry().StartupCookbook();
         // 14.
         Status(QStringLiteral("Loading Recipes ..."));
@@ -123,11 +128,8 @@ void frmMain::Form_Load() {
         panes.currentList.setHorizontalHeaderLabels(
             {QStringLiteral("Item"), QStringLiteral("Quantity"), QStringLiteral("Size"), QStringLiteral("Style")});
         panes.currentList.horizontalHeaderItem(1)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        const int w = qMax(200, lvCurrentList->width());
-        lvCurrentList->header()->resizeSection(0, w * 40 / 100);
-        lvCurrentList->header()->resizeSection(1, w * 18 / 100);
-        lvCurrentList->header()->resizeSection(2, w * 20 / 100);
-        lvCurrentList->header()->resizeSection(3, w * 20 / 100);
+        lvCurrentList->View(ListView::lvwReport);
+        lvCurrentList->SetColumnShares({40, 18, 20, 20});
         LoadShoppingList();
         // 16.
         Status(QStringLiteral("Loading Meals ..."));
@@ -250,16 +252,8 @@ void frmMain::Form_Unload() {
     ConnectionMain().Close();
 }
 
-// Panes and routines filled in by their own subsystems as those arrive.
-void frmMain::LoadQuickStart() {}
-void frmMain::LoadCoupons() {}
-void frmMain::LoadRecipies() {}
-void frmMain::LoadShoppingList() {}
-void frmMain::LoadMealList() {}
-void frmMain::SetCurrentInventory() {}
-void frmMain::SetCurrentRecipieCount() {}
+// Routines of other parts of the program, filled in as those arrive.
 void frmMain::RemoveExpiredItems() {}
 void frmMain::mnuCheckForUpdates_Click() {}
-void frmMain::SetMenuIcons() {}
 void frmMain::ShowTip() {}
 void frmMain::ShowPurge() {}

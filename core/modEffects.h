@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+#include <QRect>
 #include <QtGlobal>
 
 class QWidget;
@@ -14,3 +16,22 @@ class QWidget;
 void RestoreFormPosition(QWidget* form);
 
 void SaveFormPosition(QWidget* form, qint32 top, qint32 height, qint32 width, qint32 left);
+
+// The opening effect of the tool windows. With ALLOW_EXPLODE off it only puts
+// the window back where it was saved. Otherwise it does that, then grows a
+// solid rectangle in the window's colour on the screen from the centre of the
+// window's place to its full size, in ExplodeSteps(rate) steps; the caller
+// shows the window after it (modal or not, through the dialog service).
+void ExplodeForm(QWidget* form, qint16 rate);
+// The closing effect, the same in reverse: the window is hidden first and the
+// rectangle shrinks to the centre. With ALLOW_EXPLODE off it does nothing; the
+// caller closes the window either way.
+void ImplodeForm(QWidget* form, qint16 rate);
+
+// A higher rate is faster: fewer, larger steps. 500 (the default) gives 10.
+int ExplodeSteps(qint16 rate);
+// The rectangles of the growth, smallest first, the last one `target` itself.
+QList<QRect> ExplodeFrames(const QRect& target, int steps);
+// Where a window will stand when shown: its saved or set place, else centred
+// over its owner's window (as dialogs are), else where it is.
+QRect TargetRect(QWidget* form);

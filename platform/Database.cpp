@@ -81,6 +81,9 @@ void Database::Open(const QString& path) {
     };
     if (rc != SQLITE_OK) fail(QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc)));
     sqlite3_busy_timeout(db, 2000);
+    // A name the query misspells must fail, never turn silently into a text value.
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
 
     // Reading the catalogue is what tells a database from any other file, and it
     // writes nothing.

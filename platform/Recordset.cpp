@@ -275,12 +275,13 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
         SetPosition(At::EOF_, 0);
 }
 
-QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
-    const int type = sqlite3_column_type(st, col);
+QVariant Recordset::CellValue(const Cell& cell, const char* bytes, ColumnKind kind) {
+    const int type = cell.type;
     if (type == SQLITE_NULL) return {};
     auto text = [&] {
-        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, col)),
-                                 sqlite3_column_bytes(st, col));
+        if (type == SQLITE_INTEGER) return QString::number(cell.integer);
+        if (type == SQLITE_FLOAT) return QString::number(cell.real, 'g', 15);
+        return QString::fromUtf8(bytes, cell.bytes);
     };
     switch (kind) {
     case ColumnKind::Text:
@@ -292,15 +293,20 @@ QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const 
             const QString t = text().trimmed();
             if (t.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return true;
             if (t.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0) return false;
+            return t.toDouble() != 0;
         }
-        return sqlite3_column_double(st, col) != 0;
+        return type == SQLITE_INTEGER ? cell.integer != 0 : cell.real != 0;
     case ColumnKind::Currency:
-        return QVariant::fromValue(Currency::fromDouble(sqlite3_column_double(st, col)));
+        return QVariant::fromValue(Currency::fromDouble(type == SQLITE_INTEGER ? double(cell.integer)
+                                                        : type == SQLITE_FLOAT ? cell.real
+                                                                                : text().toDouble()));
     case ColumnKind::Int16:
     case ColumnKind::Int32:
-        return int(sqlite3_column_int64(st, col));
+        return int(type == SQLITE_INTEGER ? cell.integer
+                   : type == SQLITE_FLOAT ? qint64(cell.real)
+                                          : text().toLongLong());
     case ColumnKind::Double:
-        return sqlite3_column_double(st, col);
+        return type == SQLITE_INTEGER ? double(cell.integer) : type == SQLITE_FLOAT ? cell.real : text().toDouble();
     case ColumnKind::Date: {
         const QString t = text();
         if (const auto d = ParseDateText(t)) return *d;
@@ -310,18 +316,61 @@ QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const 
         break;
     }
     switch (type) {
-    case SQLITE_INTEGER: {
-        const qint64 v = sqlite3_column_int64(st, col);
-        if (v >= INT_MIN && v <= INT_MAX) return int(v);
-        return v;
-    }
+    case SQLITE_INTEGER:
+        if (cell.integer >= INT_MIN && cell.integer <= INT_MAX) return int(cell.integer);
+        return cell.integer;
     case SQLITE_FLOAT:
-        return sqlite3_column_double(st, col);
+        return cell.real;
     case SQLITE_BLOB:
-        return QByteArray(static_cast<const char*>(sqlite3_column_blob(st, col)), sqlite3_column_bytes(st, col));
+        return QByteArray(bytes, cell.bytes);
     default:
         return text();
     }
+}
+
+Recordset::Cell Recordset::ReadCell(sqlite3_stmt* st, int col, QByteArray* raw) {
+    Cell cell;
+    cell.type = sqlite3_column_type(st, col);
+    switch (cell.type) {
+    case SQLITE_INTEGER:
+        cell.integer = sqlite3_column_int64(st, col);
+        break;
+    case SQLITE_FLOAT:
+        cell.real = sqlite3_column_double(st, col);
+        break;
+    case SQLITE_NULL:
+        break;
+    default: {
+        const char* data = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
+                                                    : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
+        cell.bytes = sqlite3_column_bytes(st, col);
+        cell.offset = int(raw->size());
+        raw->append(data, cell.bytes);
+    }
+    }
+    return cell;
+}
+
+QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
+    QByteArray raw;
+    const Cell cell = ReadCell(st, col, &raw);
+    return CellValue(cell, raw.constData(), kind);
+}
+
+QVariant Recordset::RowValue(const Row& row, int col) const {
+    if (!row.values.empty()) return row.values[col];
+    const Cell& cell = row.cells[col];
+    return CellValue(cell, row.raw.constData() + cell.offset, columns_[col].kind);
+}
+
+void Recordset::Materialize(Row& row) const {
+    if (!row.values.empty()) return;
+    std::vector<QVariant> values;
+    values.reserve(columns_.size());
+    for (size_t i = 0; i < columns_.size(); ++i) values.push_back(RowValue(row, int(i)));
+    row.values = std::move(values);
+    row.cells.clear();
+    row.raw.clear();
 }
 
 bool Recordset::FetchOne() const {
@@ -353,9 +402,8 @@ bool Recordset::FetchOne() const {
                 ownRowids_.insert(row.rowid);
             }
         }
-        row.values.reserve(columns_.size());
-        for (size_t i = 0; i < columns_.size(); ++i)
-            row.values.push_back(ReadValue(stmt_, int(i) + first, columns_[i].kind));
+        row.cells.reserve(columns_.size());
+        for (size_t i = 0; i < columns_.size(); ++i) row.cells.push_back(ReadCell(stmt_, int(i) + first, &row.raw));
         rows_.push_back(std::move(row));
         return true;
     }
@@ -564,7 +612,7 @@ QVariant Recordset::Field(const QString& name) const {
         if (it != pending_.cend()) return FromStorage(*it, columns_[col].kind);
         if (edit_ == Edit::Adding) return {};
     }
-    return CurrentRow()->values[col];
+    return RowValue(*CurrentRow(), col);
 }
 
 void Recordset::setField(const QString& name, const QVariant& value) {
@@ -648,6 +696,7 @@ void Recordset::Update() {
 
 // Reads the row back so that defaults and the new key show through the cursor.
 void Recordset::ReloadRow(Row& row) {
+    Materialize(row);
     QStringList cols;
     std::vector<int> map;
     for (size_t i = 0; i < columns_.size(); ++i) {

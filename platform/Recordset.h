@@ -46,9 +46,21 @@ public:
     bool Updatable() const { return updatable_; }
 
 private:
+    // A fetched row keeps SQLite's raw cells and turns a cell into a value only
+    // when it is read: walking a wide table to find one title must not convert
+    // every column of every row. Rows written through this cursor hold values.
+    struct Cell {
+        int type = 0;  // SQLITE_NULL, SQLITE_INTEGER, ...
+        qint64 integer = 0;
+        double real = 0;
+        int offset = 0;  // text and blobs: their bytes in Row::raw
+        int bytes = 0;
+    };
     struct Row {
         qint64 rowid = 0;
-        std::vector<QVariant> values;
+        std::vector<QVariant> values;  // empty while the row is raw
+        std::vector<Cell> cells;
+        QByteArray raw;
         bool deleted = false;
     };
     struct Column {
@@ -70,6 +82,10 @@ private:
     void RequireUpdatable() const;
     void FlushEdit();
     QVariant ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const;
+    static Cell ReadCell(sqlite3_stmt* st, int col, QByteArray* raw);
+    static QVariant CellValue(const Cell& cell, const char* text, ColumnKind kind);
+    QVariant RowValue(const Row& row, int col) const;
+    void Materialize(Row& row) const;
     void ReloadRow(Row& row);
     void SetPosition(At at, int index) const;
     bool SeekBaseFrom(int index, int step) const;

@@ -358,6 +358,7 @@ CREATE INDEX "idx_AlternateIsleMap_StoreName"    ON "AlternateIsleMap" ("StoreNa
 CREATE INDEX "idx_ItemCategory_Name"             ON "ItemCategory" ("Name");
 CREATE INDEX "idx_Coupons_Manufacturer"          ON "Coupons" ("Manufacturer");
 CREATE INDEX "idx_Coupons_OwnerList"             ON "Coupons" ("OwnerList");
+CREATE INDEX "idx_Coupons_Product"               ON "Coupons" ("Product");
 CREATE INDEX "idx_Product_Name"                  ON "Product" ("Name");
 CREATE INDEX "idx_Product_Barcode"               ON "Product" ("Barcode");
 CREATE INDEX "idx_Product_LastPurchasedDate"     ON "Product" ("LastPurchasedDate");

@@ -1,25 +1,29 @@
 #include "core/Globals.h"
 #include "core/clsRegistry.h"
+#include "core/MainPanes.h"
 #include "core/frmMain.h"
 #include "messages/frmReminder.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 #include "support/TestEnv.h"
 
+#include <QCalendarWidget>
 #include <QFile>
+#include <QLabel>
+#include <QStandardItem>
 
 namespace {
 
 class StartTest : public LarderTest {
 protected:
-    void AddMessage(const QString& title, const QString& date, int reminderTime) {
+    void AddMessage(const QString& title, const QString& date, int reminderTime, int type = 1) {
         Recordset rs;
         rs.Open("SELECT * FROM Messages", ConnectionMain(), adOpenStatic, adLockOptimistic);
         rs.AddNew();
         rs.setField("Title", title);
         rs.setField("Body", "Body of " + title);
         rs.setField("Date", date);
-        rs.setField("Type", 1);
+        rs.setField("Type", type);
         rs.setField("ReminderTime", reminderTime);
         rs.Update();
     }
@@ -95,16 +99,22 @@ TEST_F(StartTest, AMissingDatabaseSaysSoAndTheRestFailsIntoTheHandler) {
     QFile::remove(HomeFile("Larderkeep.mdb"));
     ui.answer(vb::OK);  // missing database
     ui.answer(vb::OK);  // the exit check cannot read its messages
-    ui.answer(vb::OK);  // the next step's failure
+    ui.answer(vb::OK);  // the message centre's own handlers report
+    ui.answer(vb::OK);
+    ui.answer(vb::OK);  // the next step without one ends the start
     frmMain w;
     w.Form_Load();
-    ASSERT_EQ(ui.count(), 3);
+    ASSERT_EQ(ui.count(), 5);
     EXPECT_EQ(ui.boxes()[0].prompt, "The Larderkeep database is missing, please select 'OK' the close program.");
     EXPECT_EQ(ui.boxes()[0].title, "Missing Database");
     EXPECT_EQ(ui.boxes()[0].buttons, 16);
     EXPECT_TRUE(ui.boxes()[1].prompt.endsWith("(Occurred in frmMain.mnuExit)"));
-    EXPECT_TRUE(ui.boxes()[2].prompt.startsWith("Error: "));
-    EXPECT_TRUE(ui.boxes()[2].prompt.endsWith("(Occurred in frmMain.Load)"));
+    EXPECT_TRUE(ui.boxes()[2].prompt.endsWith("(Occurred in frmMain.LoadMessages)"));
+    EXPECT_TRUE(ui.boxes()[3].prompt.endsWith("(Occurred in frmLoad.DisplayReminders)"));
+    EXPECT_TRUE(ui.boxes()[4].prompt.startsWith("Error: "));
+    EXPECT_TRUE(ui.boxes()[4].prompt.endsWith("(Occurred in frmMain.Load)"));
+    // The start stopped at the coupons: nothing after them was loaded.
+    EXPECT_FALSE(w.StartStatusTexts().contains("Loading Recipes ..."));
     EXPECT_FALSE(w.Ended());
 }
 
@@ -116,12 +126,10 @@ TEST_F(StartTest, ACorruptDatabaseIsRefusedAndLeftAsItWas) {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(junk);
     }
-    ui.answer(vb::OK);
-    ui.answer(vb::OK);
-    ui.answer(vb::OK);
+    for (int i = 0; i < 5; ++i) ui.answer(vb::OK);
     frmMain w;
     w.Form_Load();
-    ASSERT_EQ(ui.count(), 3);
+    ASSERT_EQ(ui.count(), 5);
     EXPECT_EQ(ui.boxes()[0].title, "Database Error");
     EXPECT_NE(ui.boxes()[0].prompt.indexOf(HomeFile("Larderkeep.mdb")), -1);
     QFile f(HomeFile("Larderkeep.mdb"));
@@ -179,15 +187,17 @@ TEST_F(StartTest, OnlyTheExactCommandLinePrints) {
 TEST_F(StartTest, OverdueRemindersHoldTheProgramOpenUntilDealtWith) {
     AddMessage("Call the plumber", "11/20/2026", 1);
     AddMessage("Someday", "None", 1);
-    AddMessage("Ignored", "11/01/2026", 4);
+    AddMessage("Ignored", "11/01/2026", 4, 2);  // a note, not a reminder: never re-armed
     AddMessage("Later", "12/01/2026", 1);
     frmMain w;
     w.Form_Load();
+    // The start showed what had fallen due; the exit check comes on top.
+    const int atStart = int(ui.modeless().size());
 
     w.mnuExit();
     EXPECT_FALSE(w.Ended());
-    ASSERT_EQ(ui.modeless().size(), 1);
-    auto* reminder = qobject_cast<frmReminder*>(ui.modeless().first().data());
+    ASSERT_EQ(ui.modeless().size(), atStart + 1);
+    auto* reminder = qobject_cast<frmReminder*>(ui.modeless().last().data());
     ASSERT_NE(reminder, nullptr);
     EXPECT_EQ(reminder->MessageID(), "Call the plumber");
     EXPECT_EQ(reminder->windowTitle(), "Reminder Call the plumber");
@@ -203,10 +213,57 @@ TEST_F(StartTest, OverdueRemindersHoldTheProgramOpenUntilDealtWith) {
     EXPECT_FALSE(ConnectionMain().IsOpen());
 }
 
+TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabase) {
+    auto add = [](const QString& table, const QVariantMap& values) {
+        Recordset rs;
+        rs.Open("SELECT * FROM " + table, ConnectionMain(), adOpenStatic, adLockOptimistic);
+        rs.AddNew();
+        for (auto it = values.begin(); it != values.end(); ++it) rs.setField(it.key(), it.value());
+        rs.Update();
+    };
+    add("Recipie", {{"Title", "Leek Soup"}, {"Style", "Soups,Quick"}, {"CookbookName", "General"}});
+    add("Manufacturer", {{"Name", "Acme"}});
+    add("Coupons", {{"Manufacturer", "Acme"}, {"Product", "Oats"}, {"Size", "12 oz"}, {"Quantity", "1"},
+                    {"Expiration", "Never"}});
+    add("ShopList", {{"Name", "Weekly"}, {"ItemName", "Milk"}, {"ItemManufacturer", "Any"}, {"IsCurrent", true}});
+    add("Meal", {{"Name", "Friday, Nov 27 2026"}, {"Meal", "Dinner"}, {"Dates", "11/27/2026"},
+                 {"MainCourse", "Leek Soup"}});
+    add("Product", {{"Name", "Tea"}, {"LastPurchasedDate", "11/20/2026"}});
+    Registry().QuickViewOptions("Coupon::Inventory");
+    MainPanes::Instance().ClearAll();
+
+    frmMain w;
+    w.Form_Load();
+    EXPECT_EQ(ui.count(), 0);
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* soups = panes.FindByKey(panes.recipes, "Soups");
+    ASSERT_NE(soups, nullptr);
+    EXPECT_EQ(soups->child(0)->text(), "Leek Soup");
+    EXPECT_EQ(panes.FindByKey(panes.recipes, "Quick")->rowCount(), 1);
+    EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme")->child(0)->text(), "1-12 oz Oats");
+    EXPECT_TRUE(panes.FindByKey(panes.coupons, "Root")->font().bold());
+    EXPECT_EQ(panes.currentList.item(0, 0)->text(), "Milk");
+    EXPECT_EQ(panes.currentList.columnCount(), 4);
+    EXPECT_NE(panes.FindByKey(panes.meals, "Meal::Friday, Nov 27 2026"), nullptr);
+    EXPECT_TRUE(panes.boldMealDates.contains(QDate(2026, 11, 27)));
+    EXPECT_EQ(w.calMeals->selectedDate(), QDate(2026, 11, 27));
+    EXPECT_EQ(panes.quickStart.rowCount(), 2);
+    EXPECT_EQ(w.StatusPanelCookbook->text(), "Current Cookbook: General");
+    EXPECT_EQ(w.StatusPanelRecipes->text(), "Recipes: 1");
+    EXPECT_EQ(w.StatusPanelInventory->text(), "Inventory: 1 Items");
+    // Every pane but the meal tree has its header.
+    QStringList captions;
+    for (QLabel* header : w.headers) captions << header->text();
+    captions.sort();
+    EXPECT_EQ(captions, QStringList({" Coupons", " Current Shopping List", " Meal Calendar", " Message Center",
+                                     " Quick Start Menu", " Recipes"}));
+    MainPanes::Instance().ClearAll();
+}
+
 TEST_F(StartTest, UnmappedToolbarKeysSayComingSoon) {
     frmMain w;
     ui.answer(vb::OK);
-    w.tbMain_ButtonClick("NewCoupon");
+    w.tbMain_ButtonClick("Calculator");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon, please use the Menus.");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");

@@ -46,13 +46,32 @@ TEST_F(ConvertTest, MixedNumbersReadAndLoneFractionsReportAsTheyAlwaysHave) {
     ExpectErrorBox("Convert.FractionToDecimal");
 }
 
-TEST_F(ConvertTest, BadQuantitiesNeverCrash) {
-    for (const QString& q : {QString(""), QString("abc"), QString("1/0"), QString("1 1/2/3"), QString(100, '9')}) {
-        ui.answer(1);
-        ui.answer(1);
-        FractionToDecimal(q);
+TEST_F(ConvertTest, BadQuantitiesReportAndGiveWhatWasReadSoFar) {
+    struct Case { const char* quantity; const char* result; const char* error; };
+    const Case cases[] = {
+        {"", "0", "Subscript out of range"},     // no first word at all
+        {"abc", "0", "Subscript out of range"},
+        {"1/0", "0", "Subscript out of range"},
+        {"3eggs 1/2", "0", "Type mismatch"},     // a numeric prefix, yet not a number
+        {"1 1/2/3", "1.5", nullptr},              // what follows the second "/" is ignored
+        {"1 1/abc", "1", nullptr},
+        {"2  1/2", "2", "Subscript out of range"},  // two blanks: the second word is empty
+    };
+    for (const Case& c : cases) {
+        if (c.error) ui.answer(vb::OK);
+        EXPECT_EQ(FractionToDecimal(c.quantity).toString(), c.result) << c.quantity;
+        if (c.error) {
+            ASSERT_EQ(ui.count(), 1) << c.quantity;
+            EXPECT_EQ(ui.lastBox().prompt,
+                      QStringLiteral("Error: %1 (Occurred in Convert.FractionToDecimal)").arg(c.error));
+        } else {
+            EXPECT_EQ(ui.count(), 0) << c.quantity;
+        }
         ui.clear();
     }
+    ui.answer(vb::OK);
+    FractionToDecimal(QString(400, '9') + " 1/2");  // beyond any number: reported, not a crash
+    EXPECT_EQ(ui.count(), 1);
     ui.clear();
 }
 
@@ -82,6 +101,17 @@ TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
 
     AddCell("Baker's dozen", "Roll", 13);
     EXPECT_EQ(ConvertUnit("Baker's dozen", "2", "Roll"), "26");
+    EXPECT_EQ(ConvertUnit("Baker's dozen", "1 1/2", "Roll"), "19.5");
+    EXPECT_EQ(ConvertUnit("Baker's dozen", "", "Roll"), "0");  // no number reads as none
+    EXPECT_EQ(ConvertUnit("Baker's dozen", "abc", "Roll"), "0");
+    EXPECT_EQ(ConvertUnit("Baker's", "2", "dozen' OR ''='"), "");
+    EXPECT_EQ(ui.count(), 0);
+
+    // A fraction the reader refuses is reported under its own name and counts as 0.
+    ui.answer(vb::OK);
+    EXPECT_EQ(ConvertUnit("Baker's dozen", "1/2", "Roll"), "0");
+    EXPECT_EQ(ui.prompts(), QStringList({"Error: Subscript out of range (Occurred in Convert.FractionToDecimal)"}));
+    ui.clear();
 }
 
 }  // namespace

@@ -115,6 +115,14 @@ TEST_F(DatabaseTest, TablesThatOnlyOldQueriesNameDoNotExist) {
         });
         EXPECT_NE(why.find("no such table"), std::string::npos) << table << ": " << why;
     }
+    // A bracket left open swallows the rest of the query into one name; that name
+    // must fail as a column, not come back as a text value on every row.
+    AddRow("Recipie", {{"Title", "Stew"}});
+    const std::string why = ErrorOf([&] {
+        Recordset rs;
+        rs.Open("SELECT [Favorite FROM Recipies WHERE [Favorite] = True", db(), adOpenKeyset, adLockReadOnly);
+    });
+    EXPECT_NE(why.find("no such column"), std::string::npos) << why;
 }
 
 TEST_F(DatabaseTest, OnlyOneSelectIsAcceptedAndNothingCanWrite) {

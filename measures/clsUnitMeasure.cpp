@@ -1,0 +1,3 @@
+#include "measures/clsUnitMeasure.h"
+
+// Nothing to define; the class has no members.

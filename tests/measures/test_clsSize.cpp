@@ -1,0 +1,91 @@
+#include "measures/clsSize.h"
+#include "recipes/RecipeTestRows.h"
+#include "support/TestEnv.h"
+
+namespace {
+
+class SizeTest : public LarderTest {
+protected:
+    // The short form stored for a measure, "<null>" when it has none.
+    QStringList AbbreviationOf(const QString& name) {
+        return Column("SELECT * FROM ItemSize WHERE [Name] = '" + QString(name).replace("'", "''") + "'",
+                      "Abbreviation");
+    }
+    void ExpectDuplicateQuestion(int index) {
+        ASSERT_GT(ui.count(), index);
+        const auto& box = ui.boxes().at(index);
+        EXPECT_EQ(box.kind, "MsgBox");
+        EXPECT_EQ(box.prompt, "The Abbreviation has already been used, would you like to select another?");
+        EXPECT_EQ(box.title, "Duplicate Abbreviation");
+        EXPECT_EQ(box.buttons, vb::vbYesNo + vb::vbQuestion);
+    }
+};
+
+TEST_F(SizeTest, LookupsMatchWholeTextsWithoutCaseAndSurviveApostrophes) {
+    clsSize sizes;
+    EXPECT_TRUE(sizes.Exists("cup"));
+    EXPECT_TRUE(sizes.Exists("CUP"));
+    EXPECT_FALSE(sizes.Exists("cu"));
+    EXPECT_FALSE(sizes.Exists(""));
+    EXPECT_FALSE(sizes.Exists("baker's dozen"));
+    EXPECT_TRUE(sizes.AbbreviationExists("tbsp"));
+    EXPECT_FALSE(sizes.AbbreviationExists("tb'sp"));
+    EXPECT_FALSE(sizes.AbbreviationExists(""));  // no measure is stored without one
+    EXPECT_EQ(ui.count(), 0);
+}
+
+TEST_F(SizeTest, AFreeShortFormIsStoredWithoutAQuestion) {
+    clsSize sizes;
+    sizes.WriteNew("baker's dozen", "bdz");
+    EXPECT_EQ(AbbreviationOf("baker's dozen"), QStringList({"bdz"}));
+    EXPECT_TRUE(sizes.Exists("baker's dozen"));
+    EXPECT_TRUE(sizes.AbbreviationExists("bdz"));
+    EXPECT_EQ(ui.count(), 0);
+}
+
+TEST_F(SizeTest, ATakenShortFormIsKeptWhenThePersonSaysNo) {
+    ui.answer(vb::No);
+    clsSize().WriteNew("teacup", "cup");
+    ExpectDuplicateQuestion(0);
+    EXPECT_EQ(ui.count(), 1);
+    EXPECT_EQ(AbbreviationOf("teacup"), QStringList({"cup"}));
+}
+
+TEST_F(SizeTest, ATakenShortFormIsAskedForAgainUntilOneIsFree) {
+    ui.answer(vb::Yes);
+    ui.answerInput("tsp");  // taken as well
+    ui.answerInput("tcp");
+    clsSize().WriteNew("teacup", "cup");
+    ExpectDuplicateQuestion(0);
+    const QString ask = "Please enter the Abbreviation for teacup that you would like to use";
+    EXPECT_EQ(ui.prompts("InputBox"), QStringList({ask, ask}));
+    EXPECT_EQ(ui.prompts("MsgBox").size(), 1);  // the question itself is asked once
+    EXPECT_EQ(AbbreviationOf("teacup"), QStringList({"tcp"}));
+}
+
+TEST_F(SizeTest, AnEmptyAnswerLeavesTheMeasureWithoutAShortForm) {
+    ui.answer(vb::Yes);
+    ui.answerInput("");
+    clsSize sizes;
+    sizes.WriteNew("mug", "cup");
+    EXPECT_EQ(AbbreviationOf("mug"), QStringList({"<null>"}));
+    ui.clear();
+
+    // Measures without a short form never collide with one another.
+    sizes.WriteNew("bowl", "");
+    sizes.WriteNew("ladle", "");
+    EXPECT_EQ(ui.count(), 0);
+    EXPECT_EQ(AbbreviationOf("ladle"), QStringList({"<null>"}));
+}
+
+TEST_F(SizeTest, ATooLongNameIsReportedAndLeavesNoRow) {
+    const int before = CountRows("SELECT * FROM ItemSize");
+    ui.answer(vb::OK);
+    clsSize().WriteNew(QString(300, 'x'), "xx");
+    ASSERT_EQ(ui.count(), 1);
+    EXPECT_EQ(ui.lastBox().title, "Error");
+    EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurred in Size.WriteNew)")) << ui.lastBox().prompt.toStdString();
+    EXPECT_EQ(CountRows("SELECT * FROM ItemSize"), before);
+}
+
+}  // namespace

@@ -1,0 +1,138 @@
+#include "publish/clsCalendar.h"
+#include "publish/clsCommunications.h"
+#include "support/TestEnv.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+class CalendarTest : public LarderTest {
+protected:
+    void SetUp() override {
+        LarderTest::SetUp();
+        oldTmp_ = qgetenv("TMPDIR");
+        qputenv("TMPDIR", QFile::encodeName(Home()));
+        clsCommunications::SetLinkOpener([this](const QString& link) {
+            links << link;
+            return true;
+        });
+    }
+    void TearDown() override {
+        clsCommunications::SetLinkOpener({});
+        qputenv("TMPDIR", oldTmp_);
+        LarderTest::TearDown();
+    }
+    static QByteArray Read(const QString& path) {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+
+    QStringList links;
+
+private:
+    QByteArray oldTmp_;
+};
+
+TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) {
+    clsCalendar event;
+    event.Summary = "Dinner at Jo's";
+    event.Description = "Bring \"the\" pie";
+    event.Location = "12 Elm St";
+    event.Attendee = "jo@example.com";
+    event.StartDate = QDateTime(QDate(2026, 11, 22), QTime(18, 30, 5));
+    event.EndDate = QDateTime(QDate(2026, 11, 29), QTime(0, 0));
+    event.CreatedDate = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5));
+
+    ui.answer(vb::No);
+    const QString path = event.WriteData("Dinner at Jo's");
+    EXPECT_EQ(path, QDir(Home()).filePath("Dinner at Jo's.vcs"));
+    EXPECT_EQ(Read(path), QByteArray("BEGIN: VCALENDAR\r\n"
+                                     "VERSION: 1.0\r\n"
+                                     "BEGIN: VEVENT\r\n"
+                                     "SUMMARY:Dinner at Jo's\r\n"
+                                     "DESCRIPTION:Bring \"the\" pie\r\n"
+                                     "LOCATION:12 Elm St\r\n"
+                                     "ATTENDEE:jo@example.com\r\n"
+                                     "DTSTART:20261122T183005\r\n"
+                                     "DTEND:20261129T000000\r\n"
+                                     "DUE:\r\n"
+                                     "COMPLETED:\r\n"
+                                     "DCREATED:20260102T030405\r\n"
+                                     "END: VEVENT\r\n"
+                                     "END: VCALENDAR\r\n"));
+    EXPECT_EQ(ui.lastBox().prompt, "Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
+    EXPECT_EQ(ui.lastBox().title, "Send Calendar Event");
+    EXPECT_EQ(ui.lastBox().buttons & 7, vb::vbYesNo);
+    EXPECT_TRUE(links.isEmpty());
+
+    clsCalendar empty;
+    ui.answer(vb::No);
+    EXPECT_EQ(Read(empty.WriteData("blank")), QByteArray("BEGIN: VCALENDAR\r\nVERSION: 1.0\r\nBEGIN: VEVENT\r\n"
+                                                          "SUMMARY:\r\nDESCRIPTION:\r\nLOCATION:\r\nATTENDEE:\r\n"
+                                                          "DTSTART:\r\nDTEND:\r\nDUE:\r\nCOMPLETED:\r\nDCREATED:\r\n"
+                                                          "END: VEVENT\r\nEND: VCALENDAR\r\n"));
+}
+
+TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
+    clsCalendar event;
+    event.Summary = "Pot luck";
+    ui.answer(vb::Yes);
+    ui.answerInput("sam@example.org");
+    const QString path = event.WriteData("Pot luck");
+    EXPECT_EQ(ui.lastBox().kind, "InputBox");
+    EXPECT_EQ(ui.lastBox().prompt, "What email address would you like to send it to?");
+    EXPECT_EQ(ui.lastBox().title, "Email Address");
+    ASSERT_EQ(links.size(), 1);
+    EXPECT_EQ(links[0], "mailto:sam@example.org?Subject=Pot luck&Attach=\"" + QString(path).replace(" ", "%20") + "\"");
+    EXPECT_TRUE(links[0].contains("Pot%20luck.vcs\""));
+
+    // Cancelling the address box sends nothing; the file stays.
+    ui.answer(vb::Yes);
+    ui.answerInput(QString());
+    EXPECT_EQ(event.WriteData("Pot luck"), path);
+    EXPECT_EQ(links.size(), 1);
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(CalendarTest, NamesThatNoFileMayCarryAreMadeSafe) {
+    clsCalendar event;
+    ui.answer(vb::No);
+    const QString path = event.WriteData("1/2 price: \"pies\"?");
+    EXPECT_EQ(QFileInfo(path).fileName(), "1_2 price_ _pies__.vcs");
+    EXPECT_EQ(QFileInfo(path).absolutePath(), QDir(Home()).absolutePath());
+    EXPECT_EQ(ui.lastBox().prompt, "1_2 price_ _pies__.vcs was created.\r\nWould you like to sent it to someone? ");
+
+    // A temporary folder that cannot be written to is reported, not fatal.
+    qputenv("TMPDIR", QFile::encodeName(HomeFile("Larderkeep.mdb")));
+    ui.answer(vb::OK);
+    EXPECT_EQ(event.WriteData("x"), QString());
+    EXPECT_EQ(ui.lastBox().prompt, "Error: Path/File access error (Occurred in clsCalendar.WriteData)");
+}
+
+TEST_F(CalendarTest, DatesConvertBothWaysAndTheZoneLetterChangesNothing) {
+    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime(QDate(2002, 12, 31), QTime(23, 59, 59))), "20021231T235959");
+    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7))), "20260304T050607");
+    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime()), "");
+
+    const QDateTime lastSecond(QDate(2002, 12, 31), QTime(23, 59, 59));
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021231T235959"), lastSecond);
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("  20021231T235959  "), lastSecond);
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021231T235959Z"), lastSecond);
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20030101T080000Z"), QDateTime(QDate(2003, 1, 1), QTime(8, 0)));
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime(clsCalendar::ConvertTovCalDateTime(lastSecond)), lastSecond);
+    // Places beyond their range roll on, as date arithmetic does.
+    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021232T240000"), QDateTime(QDate(2003, 1, 2), QTime(0, 0)));
+    EXPECT_EQ(ui.count(), 0);
+}
+
+TEST_F(CalendarTest, TextsThatAreNotStampsGiveNoDateAndSaySo) {
+    for (const QString& bad : {QString(), QString("tomorrow at six"), QString("2002-12-31 23:59"), QString("2002")}) {
+        ui.answer(vb::OK);
+        EXPECT_FALSE(clsCalendar::ConvertFromvCalDateTime(bad).isValid()) << bad.toStdString();
+        EXPECT_EQ(ui.lastBox().prompt, "Error: Type mismatch (Occurred in clsCalendar.ConvertFromvCalDateTime)");
+    }
+    EXPECT_EQ(ui.count(), 4);
+}
+
+}  // namespace
