@@ -25,6 +25,9 @@ test: build
 bench: build
 	./scripts/run-benchmarks.sh $(BUILD_DIR)
 
+screenshot: build
+	./scripts/screenshot.sh
+
 install: build
 	cmake --install $(BUILD_DIR)
 

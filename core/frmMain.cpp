@@ -11,6 +11,12 @@
 #include "core/clsRegistry.h"
 #include "core/frmQuickStart.h"
 #include "core/modEffects.h"
+#include "measures/frmConversions.h"
+#include "measures/frmConvertMeasures.h"
+#include "measures/frmMeasureAbbreviations.h"
+#include "messages/clsMessages.h"
+#include "messages/frmCalendarEvents.h"
+#include "messages/frmMessageNew.h"
 #include "platform/Clock.h"
 #include "platform/Ui.h"
 #include "recipes/RecipeComparisons.h"
@@ -357,6 +363,44 @@ void frmMain::Connect(const QString& name, void (frmMain::*slot)()) {
     connect(action, &QAction::triggered, this, slot);
 }
 
+void frmMain::Connect(const QString& name, const std::function<void()>& run) {
+    QAction* action = menus.value(name);
+    if (!action) return;
+    action->setEnabled(true);
+    action->setProperty("wired", true);
+    connect(action, &QAction::triggered, this, [run] { run(); });
+}
+
+// The menu entries that open other subsystems' screens.
+void frmMain::ConnectScreens() {
+    auto modal = [this](auto make) {
+        return [this, make] {
+            std::unique_ptr<QDialog> dialog(make(this));
+            TheUi().ShowModal(dialog.get());
+        };
+    };
+    Connect(QStringLiteral("mnuEditMeasureAbbreviations"),
+            modal([](QWidget* owner) { return new frmMeasureAbbreviations(owner); }));
+    Connect(QStringLiteral("mnuEditConversionConstants"), modal([](QWidget* owner) { return new frmConversions(owner); }));
+    Connect(QStringLiteral("mnuConvertmeasurements"), modal([](QWidget* owner) { return new frmConvertMeasures(owner); }));
+    Connect(QStringLiteral("mnuCalendarToday"), modal([](QWidget* owner) { return new frmCalendarEvents(owner); }));
+    Connect(QStringLiteral("mnuNewMassage"), [this] {
+        auto* form = new frmMessageNew(this);
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        TheUi().ShowModeless(form, this);
+    });
+    Connect(QStringLiteral("mnuPurgeMessages"), [] { clsMessages().PurgeExpired(); });
+    Connect(QStringLiteral("mnuExportMessageToOutlook"), [this] {
+        const QModelIndex current = lvMessageCenter->currentIndex();
+        if (!current.isValid()) return;
+        const QAbstractItemModel* model = current.model();
+        const int row = current.row();
+        clsMessages().ExportToOutlook(model->index(row, 0, current.parent()).data().toString(),
+                                      model->index(row, 2, current.parent()).data().toString(),
+                                      model->index(row, 1, current.parent()).data().toString());
+    });
+}
+
 namespace {
 
 void AddEntries(QMenu* menu, const std::vector<Item>& entries, QMap<QString, QAction*>& menus) {
@@ -399,6 +443,7 @@ void frmMain::BuildMenus() {
     Connect(QStringLiteral("mnuMessageDisplay"), &frmMain::MessageDisplay);
     Connect(QStringLiteral("mnuDeleteMessage"), &frmMain::mnuDeleteMessage_Click);
     Connect(QStringLiteral("mnuPrintMessage"), &frmMain::mnuPrintMessage_Click);
+    ConnectScreens();
 }
 
 void frmMain::BuildPopups() {

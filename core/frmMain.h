@@ -2,6 +2,8 @@
 
 #include <QDate>
 #include <QMainWindow>
+
+#include <functional>
 #include <QMap>
 #include <QPersistentModelIndex>
 #include <QPoint>
@@ -165,6 +167,8 @@ private:
     void BuildPanes();
     void BuildStatusBar();
     void Connect(const QString& name, void (frmMain::*slot)());
+    void Connect(const QString& name, const std::function<void()>& run);
+    void ConnectScreens();
     void Status(const QString& text);
     bool DeviceCheckDisabled() const { return true; }
     void PrintCommandLineReport(const QString& which);

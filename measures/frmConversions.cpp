@@ -62,6 +62,9 @@ frmConversions::frmConversions(QWidget* parent) : QDialog(parent) {
     flxConversionChart->setEditTriggers(QAbstractItemView::NoEditTriggers);
     flxConversionChart->setSelectionMode(QAbstractItemView::SingleSelection);
     flxConversionChart->horizontalHeader()->setDefaultSectionSize(72);
+    flxConversionChart->setWordWrap(false);
+    flxConversionChart->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    flxConversionChart->verticalHeader()->setDefaultSectionSize(flxConversionChart->fontMetrics().height() + 8);
     flxConversionChart->installEventFilter(this);
 
     // Typing happens in a plain text box over the cell, so that what is typed

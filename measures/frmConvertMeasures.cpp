@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSet>
@@ -51,6 +52,7 @@ frmConvertMeasures::frmConvertMeasures(QWidget* parent) : QDialog(parent) {
     udQuantityUp->setArrowType(Qt::UpArrow);
     udQuantityDown->setArrowType(Qt::DownArrow);
     udQuantityUp->setAutoRepeat(true);
+    for (QToolButton* b : {udQuantityUp, udQuantityDown}) b->setFixedSize(18, 12);
     udQuantityDown->setAutoRepeat(true);
     cmdCalculate->setDefault(true);
 
@@ -62,7 +64,9 @@ frmConvertMeasures::frmConvertMeasures(QWidget* parent) : QDialog(parent) {
     quantity->addWidget(txtQuantity, 1);
     quantity->addLayout(upDown);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("&Quantity:"), quantity);
+    auto* quantityLabel = new QLabel(QStringLiteral("&Quantity:"), this);
+    quantityLabel->setBuddy(txtQuantity);
+    form->addRow(quantityLabel, quantity);
     form->addRow(QStringLiteral("&From:"), cboFromUnit);
     form->addRow(QStringLiteral("&To:"), cboToUnit);
     auto* buttons = new QHBoxLayout;

@@ -393,3 +393,23 @@ TEST_F(CommandTest, TheOpeningEffectGrowsFromTheCentreAndHonoursTheSetting) {
 }
 
 }  // namespace
+
+TEST_F(CommandTest, MeasureAndMessageCommandsOpenTheirScreens) {
+    frmMain w;
+    QStringList opened;
+    for (const char* name : {"mnuEditMeasureAbbreviations", "mnuEditConversionConstants", "mnuConvertmeasurements",
+                             "mnuCalendarToday"}) {
+        ASSERT_TRUE(Enabled(w, name)) << name;
+        ui.answerModal([&](QDialog* dialog) {
+            opened << dialog->metaObject()->className();
+            return 0;
+        });
+        w.menus.value(name)->trigger();
+    }
+    EXPECT_EQ(opened, QStringList({"frmMeasureAbbreviations", "frmConversions", "frmConvertMeasures",
+                                   "frmCalendarEvents"}));
+
+    w.menus.value("mnuNewMassage")->trigger();
+    ASSERT_EQ(ui.modeless().size(), 1);
+    EXPECT_STREQ(ui.modeless().first()->metaObject()->className(), "frmMessageNew");
+}
