@@ -108,6 +108,9 @@ public Q_SLOTS:
     // For the screens that change the panes.
     void AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,
                    const QString& product);
+    // A manufacturer entered while the program runs: bold, under the coupon
+    // root, the tree sorted and the node brought into view.
+    void AddManufacturer(const QString& name);
     void AddNewCategoryWithRecipe(const QString& category, const QString& title);
     // While a tool works on the data behind the panes the menus and toolbars rest.
     void EnableMenuOptions();

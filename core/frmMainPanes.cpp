@@ -188,6 +188,22 @@ void frmMain::LoadAllCoupons() {
     LoadCoupons();
 }
 
+void frmMain::AddManufacturer(const QString& name) {
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* root = RootOf(panes.coupons, QStringLiteral("Coupons"), QStringLiteral("Coupons"));
+    QStandardItem* node = panes.FindByKey(panes.coupons, name);
+    if (!node) {
+        node = ManufacturerNode(name);
+        node->setData(QStringLiteral("Root"), MainPanes::ImageKeyRole);
+        QFont bold = node->font();
+        bold.setBold(true);
+        node->setFont(bold);
+        root->appendRow(node);
+        root->sortChildren(0);
+    }
+    tvCoupons->scrollTo(node->index());
+}
+
 void frmMain::AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,
                         const QString& product) {
     MainPanes& panes = MainPanes::Instance();

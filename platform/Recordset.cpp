@@ -11,6 +11,11 @@
 namespace {
 
 const QString kRowidAlias = QStringLiteral("__lk_rowid");
+// When a result is wide enough to step by key, and when a column has been read
+// often enough, over enough loaded rows, to be worth a pass of its own.
+constexpr size_t kKeyedMinColumns = 8;
+constexpr int kKeyedRowsBeforeBulk = 32;
+constexpr int kKeyedHotReads = 8;
 
 QString Quoted(const QString& name) {
     return QLatin1Char('"') + QString(name).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
@@ -199,6 +204,11 @@ void Recordset::Close() {
     anyWrites_ = false;
     updatable_ = hasRowid_ = false;
     table_.clear();
+    keyed_ = false;
+    withRowid_.clear();
+    cache_.clear();
+    reads_.clear();
+    rowLoads_ = 0;
 }
 
 void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockType) {
@@ -226,6 +236,9 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
         if (st) {
             hasRowid_ = true;
             table_ = QString::fromUtf8(sqlite3_column_table_name(st, 0));
+            // Kept for the key and column passes, which wrap it as a subquery.
+            withRowid_ = withRowid.trimmed();
+            while (withRowid_.endsWith(QLatin1Char(';'))) withRowid_ = withRowid_.chopped(1).trimmed();
         }
     }
     if (!st) st = db.PrepareQuery(translated);
@@ -261,6 +274,28 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
         columns_.push_back(c);
     }
     updatable_ = hasRowid_ && lockType != adLockReadOnly;
+
+    // Narrow results gain nothing from stepping keys alone; computed or
+    // repeated columns could not be read back by name from the base table.
+    bool keyed = hasRowid_ && columns_.size() >= kKeyedMinColumns;
+    QSet<QString> names;
+    for (const Column& c : columns_) {
+        keyed = keyed && !c.origin.isEmpty();
+        names.insert(c.name.toLower());
+    }
+    keyed = keyed && names.size() == qsizetype(columns_.size());
+    QString refused;
+    sqlite3_stmt* keys = keyed ? db.PrepareQuery(QStringLiteral("SELECT ") + kRowidAlias + QStringLiteral(" FROM (") +
+                                                     withRowid_ + QLatin1Char(')'),
+                                                 &refused)
+                               : nullptr;
+    if (keys) {
+        sqlite3_finalize(stmt_);
+        stmt_ = keys;
+        keyed_ = true;
+        cache_.resize(columns_.size());
+        reads_.assign(columns_.size(), 0);
+    }
 
     if (hasRowid_) {
         // Rows inserted after this point by anyone else stay out of this cursor.
@@ -352,19 +387,40 @@ Recordset::Cell Recordset::ReadCell(sqlite3_stmt* st, int col, QByteArray* raw) 
 }
 
 QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
-    QByteArray raw;
-    const Cell cell = ReadCell(st, col, &raw);
-    return CellValue(cell, raw.constData(), kind);
+    // Decoded straight from the statement's own buffer: no copy to keep.
+    Cell cell;
+    cell.type = sqlite3_column_type(st, col);
+    const char* bytes = nullptr;
+    switch (cell.type) {
+    case SQLITE_INTEGER:
+        cell.integer = sqlite3_column_int64(st, col);
+        break;
+    case SQLITE_FLOAT:
+        cell.real = sqlite3_column_double(st, col);
+        break;
+    case SQLITE_NULL:
+        break;
+    default:
+        bytes = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
+                                         : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
+        cell.bytes = sqlite3_column_bytes(st, col);
+    }
+    return CellValue(cell, bytes, kind);
 }
 
 QVariant Recordset::RowValue(const Row& row, int col) const {
     if (!row.values.empty()) return row.values[col];
+    if (row.keyOnly) return KeyedValue(const_cast<Row&>(row), col);
     const Cell& cell = row.cells[col];
     return CellValue(cell, row.raw.constData() + cell.offset, columns_[col].kind);
 }
 
 void Recordset::Materialize(Row& row) const {
     if (!row.values.empty()) return;
+    if (row.keyOnly) {
+        LoadRow(row);
+        return;
+    }
     std::vector<QVariant> values;
     values.reserve(columns_.size());
     for (size_t i = 0; i < columns_.size(); ++i) values.push_back(RowValue(row, int(i)));
@@ -402,12 +458,82 @@ bool Recordset::FetchOne() const {
                 ownRowids_.insert(row.rowid);
             }
         }
+        if (keyed_) {
+            row.keyOnly = true;
+            rows_.push_back(std::move(row));
+            return true;
+        }
         row.cells.reserve(columns_.size());
         for (size_t i = 0; i < columns_.size(); ++i) row.cells.push_back(ReadCell(stmt_, int(i) + first, &row.raw));
         rows_.push_back(std::move(row));
         return true;
     }
     return false;
+}
+
+QVariant Recordset::KeyedValue(Row& row, int col) const {
+    ColumnCache& cache = cache_[col];
+    if (!cache.loaded && ++rowLoads_ > kKeyedRowsBeforeBulk && reads_[col] >= kKeyedHotReads) LoadHotColumns(col);
+    if (cache.loaded) {
+        const size_t position = &row >= rows_.data() && &row < rows_.data() + rows_.size() ? size_t(&row - rows_.data())
+                                                                                         : cache.rowids.size();
+        if (const QVariant* v = cache.Find(position, row.rowid)) return *v;
+    }
+    LoadRow(row);
+    return row.values[col];
+}
+
+const QVariant* Recordset::ColumnCache::Find(size_t position, qint64 rowid) {
+    if (position < rowids.size() && rowids[position] == rowid) return &values[position];
+    if (byRowid.empty() && !rowids.empty()) {
+        byRowid.resize(rowids.size());
+        for (size_t i = 0; i < rowids.size(); ++i) byRowid[i] = int(i);
+        std::sort(byRowid.begin(), byRowid.end(), [this](int a, int b) { return rowids[a] < rowids[b]; });
+    }
+    const auto it = std::lower_bound(byRowid.begin(), byRowid.end(), rowid,
+                                     [this](int i, qint64 key) { return rowids[i] < key; });
+    if (it == byRowid.end() || rowids[*it] != rowid) return nullptr;
+    return &values[*it];
+}
+
+// The whole row from the base table; a row deleted meanwhile reads as empty.
+void Recordset::LoadRow(Row& row) const {
+    QStringList cols;
+    for (const Column& c : columns_) cols << Quoted(c.origin);
+    sqlite3_stmt* st = db_->CachedStatement(
+        QStringLiteral("SELECT %1 FROM %2 WHERE _rowid_=?").arg(cols.join(QLatin1Char(',')), Quoted(table_)));
+    sqlite3_bind_int64(st, 1, row.rowid);
+    row.values.assign(columns_.size(), QVariant());
+    if (sqlite3_step(st) == SQLITE_ROW) {
+        for (size_t i = 0; i < columns_.size(); ++i) row.values[i] = ReadValue(st, int(i), columns_[i].kind);
+    }
+    sqlite3_reset(st);
+    row.keyOnly = false;
+}
+
+// Every column that loops have been reading, in one pass over the result.
+void Recordset::LoadHotColumns(int col) const {
+    std::vector<int> hot;
+    QStringList names;
+    for (size_t i = 0; i < columns_.size(); ++i) {
+        if (cache_[i].loaded || (int(i) != col && reads_[i] < kKeyedHotReads)) continue;
+        hot.push_back(int(i));
+        names << Quoted(columns_[i].name);
+    }
+    sqlite3_stmt* st = db_->PrepareQuery(QStringLiteral("SELECT %1, %2 FROM (%3)")
+                                             .arg(kRowidAlias, names.join(QLatin1Char(',')), withRowid_));
+    int rc;
+    while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+        const qint64 rowid = sqlite3_column_int64(st, 0);
+        for (size_t k = 0; k < hot.size(); ++k) {
+            ColumnCache& cache = cache_[hot[k]];
+            cache.rowids.push_back(rowid);
+            cache.values.push_back(ReadValue(st, int(k) + 1, columns_[hot[k]].kind));
+        }
+    }
+    sqlite3_finalize(st);
+    if (rc != SQLITE_DONE) throw DbError(QString::fromUtf8(sqlite3_errmsg(db_->Handle())));
+    for (int i : hot) cache_[i].loaded = true;
 }
 
 void Recordset::FetchAll() const {
@@ -607,6 +733,7 @@ QString Recordset::FieldName(int i) const {
 QVariant Recordset::Field(const QString& name) const {
     RequireOpen();
     const int col = ColumnIndex(name);
+    if (keyed_) ++reads_[col];
     if (edit_ != Edit::None) {
         const auto it = pending_.constFind(col);
         if (it != pending_.cend()) return FromStorage(*it, columns_[col].kind);

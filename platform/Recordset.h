@@ -62,6 +62,7 @@ private:
         std::vector<Cell> cells;
         QByteArray raw;
         bool deleted = false;
+        bool keyOnly = false;  // only the rowid is known yet; see keyed_
     };
     struct Column {
         QString name;
@@ -87,6 +88,9 @@ private:
     QVariant RowValue(const Row& row, int col) const;
     void Materialize(Row& row) const;
     void ReloadRow(Row& row);
+    QVariant KeyedValue(Row& row, int col) const;
+    void LoadRow(Row& row) const;
+    void LoadHotColumns(int col) const;
     void SetPosition(At at, int index) const;
     bool SeekBaseFrom(int index, int step) const;
     bool SeekAddedFrom(int index, int step) const;
@@ -102,6 +106,25 @@ private:
     QHash<QString, int> index_;
     mutable std::array<std::pair<QString, int>, 8> recent_;
     mutable int recentNext_ = 0;
+
+    // Wide single-table results step only their rowids; a row's cells are read
+    // when the row is looked at, and a column read row after row is loaded for
+    // the whole result in one pass. Walking ten thousand recipes to compare
+    // titles then costs a title scan, not ten thousand full records.
+    bool keyed_ = false;
+    QString withRowid_;
+    // A column pass in its own order, which is the key order unless the
+    // data moved in between; a row looks at its own position first.
+    struct ColumnCache {
+        bool loaded = false;
+        std::vector<qint64> rowids;
+        std::vector<QVariant> values;
+        std::vector<int> byRowid;  // positions sorted by rowid, made on first miss
+        const QVariant* Find(size_t position, qint64 rowid);
+    };
+    mutable std::vector<ColumnCache> cache_;
+    mutable std::vector<int> reads_;
+    mutable int rowLoads_ = 0;
 
     // The statement is stepped lazily; rows already seen stay cached so the
     // cursor can move back.

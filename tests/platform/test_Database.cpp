@@ -314,6 +314,50 @@ TEST_F(DatabaseTest, EditsWriteOnlyTheAssignedColumns) {
     EXPECT_EQ(Column("SELECT * FROM Recipie", "TimesUsed"), QStringList({"3"}));
 }
 
+// Wide results are walked by key and their hot columns loaded in one pass;
+// whichever way a value arrives, the loop must see the row it is on.
+TEST_F(DatabaseTest, LongWalksOverWideRowsReadTheRowTheyAreOn) {
+    for (int i = 0; i < 200; ++i)
+        AddRow("Recipie", {{"Title", QString("Dish %1").arg(i, 3, 10, QChar('0'))},
+                           {"Course", i % 2 ? "Main Course" : "Dessert"},
+                           {"TimesUsed", i}});
+
+    Recordset rs;
+    rs.Open("SELECT * FROM Recipie WHERE [Course] = 'Dessert' ORDER BY [Title] DESC;", db(), adOpenKeyset,
+            adLockOptimistic);
+    int seen = 0;
+    while (!rs.IsEOF()) {
+        const int used = rs.Field("TimesUsed").toInt();
+        ASSERT_EQ(rs.Field("Title").toString(), QString("Dish %1").arg(used, 3, 10, QChar('0')));
+        ASSERT_EQ(used, 198 - 2 * seen);
+        if (used == 100) {
+            // Columns not read in the loop come from the row itself.
+            EXPECT_EQ(rs.Field("Course").toString(), "Dessert");
+            rs.setField("TimesUsed", 1000);
+            rs.Update();
+            EXPECT_EQ(rs.Field("TimesUsed").toInt(), 1000);
+            EXPECT_EQ(rs.Field("Title").toString(), "Dish 100");
+        }
+        ++seen;
+        rs.MoveNext();
+    }
+    EXPECT_EQ(seen, 100);
+
+    // After the column passes, the written value still wins over the pass.
+    rs.MoveFirst();
+    while (rs.Field("Title").toString() != "Dish 100") rs.MoveNext();
+    EXPECT_EQ(rs.Field("TimesUsed").toInt(), 1000);
+    rs.MovePrevious();
+    EXPECT_EQ(rs.Field("TimesUsed").toInt(), 102);
+
+    // A row another cursor deletes mid-walk reads as empty, not as a crash.
+    Recordset other;
+    other.Open("SELECT * FROM Recipie WHERE [Title] = 'Dish 000'", db(), adOpenKeyset, adLockOptimistic);
+    other.Delete();
+    rs.MoveLast();
+    EXPECT_TRUE(rs.Field("Instructions").isNull());
+}
+
 class DatabaseFileTest : public LarderTest {};
 
 TEST_F(DatabaseFileTest, FilesThatAreNotUsableDatabasesAreRefusedAndLeftUntouched) {
