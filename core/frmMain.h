@@ -109,8 +109,9 @@ public Q_SLOTS:
     void AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,
                    const QString& product);
     // A manufacturer entered while the program runs: bold, under the coupon
-    // root, the tree sorted and the node brought into view.
-    void AddManufacturer(const QString& name);
+    // root, the tree sorted and the node brought into view. The panes are the
+    // program's even before the window shows, so this needs no window.
+    static void AddManufacturer(const QString& name);
     void AddNewCategoryWithRecipe(const QString& category, const QString& title);
     // While a tool works on the data behind the panes the menus and toolbars rest.
     void EnableMenuOptions();

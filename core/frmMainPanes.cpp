@@ -3,6 +3,8 @@
 #include "core/ErrorReport.h"
 #include "core/Dates.h"
 #include "core/Globals.h"
+#include "coupons/clsCoupon.h"
+#include "products/clsManufacturer.h"
 #include "core/ListView.h"
 #include "core/MainPanes.h"
 #include "core/PaneIcons.h"
@@ -143,6 +145,8 @@ void frmMain::LoadCoupons() {
 
     QList<QStandardItem*> parents;
     QHash<QStandardItem*, QList<QStandardItem*>> children;
+    QSet<QStandardItem*> expanded;
+    bool pending = false;
     rs.Open(QStringLiteral("SELECT * FROM COUPONS"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
     while (!rs.IsEOF()) {
         const QString maker = TextOf(rs.Field(QStringLiteral("Manufacturer")));
@@ -150,22 +154,30 @@ void frmMain::LoadCoupons() {
         if (!parent) {
             // A coupon of a manufacturer nobody entered: the manufacturer is
             // added so that the tree and the table agree from now on.
-            Recordset add;
-            add.Open(QStringLiteral("SELECT * FROM Manufacturer"), ConnectionMain(), adOpenStatic, adLockOptimistic);
-            if (!add.IsEOF()) add.MoveLast();
-            add.AddNew();
-            add.setField(QStringLiteral("Name"), maker);
-            add.Update();
-            add.Close();
-            parent = ManufacturerNode(maker);
-            root->appendRow(parent);
+            clsManufacturer manufacturer;
+            manufacturer.Name(maker);
+            manufacturer.WriteNew();
+            parent = panes.FindByKey(panes.coupons, maker);
+            if (!parent) {
+                parent = ManufacturerNode(maker);
+                root->appendRow(parent);
+            }
         }
         QStandardItem* node =
             CouponNode(TextOf(rs.Field(QStringLiteral("ID"))), TextOf(rs.Field(QStringLiteral("Quantity"))),
                        TextOf(rs.Field(QStringLiteral("Size"))), TextOf(rs.Field(QStringLiteral("Product"))));
-        // The expiry check hooks in here: the " (Expired)" mark on the text,
-        // the "CouponExpire" picture within EXPIRE_DAYS, and once all coupons
-        // are in, the EXPIRE_ACTION answer (notice, PurgeOnStart, or purge).
+        // An expiration that is no date cannot be judged; the coupon shows as
+        // an ordinary one rather than stopping the pane.
+        const QString expiration = TextOf(rs.Field(QStringLiteral("Expiration")));
+        if (expiration == QLatin1String("Never") || IsDate(expiration)) {
+            const clsCoupon::Expiry expiry = clsCoupon::CheckExpiry(expiration, pending);
+            node->setData(expiry.imageKey, MainPanes::ImageKeyRole);
+            if (expiry.expired) {
+                node->setText(node->text() + QStringLiteral(" (Expired)"));
+                node->setForeground(QColor(255, 0, 0));
+                expanded << parent;
+            }
+        }
         if (!children.contains(parent)) parents << parent;
         children[parent] << node;
         rs.MoveNext();
@@ -180,6 +192,9 @@ void frmMain::LoadCoupons() {
     if (coupons <= 40)
         for (int r = 0; r < root->rowCount(); ++r)
             if (root->child(r)->hasChildren()) tvCoupons->expand(root->child(r)->index());
+    // Expired coupons are brought into view whatever the count.
+    for (QStandardItem* parent : expanded) tvCoupons->expand(parent->index());
+    if (clsCoupon::ExpireAction(pending)) PurgeOnStart = true;
 }
 
 void frmMain::LoadAllCoupons() {
@@ -201,7 +216,7 @@ void frmMain::AddManufacturer(const QString& name) {
         root->appendRow(node);
         root->sortChildren(0);
     }
-    tvCoupons->scrollTo(node->index());
+    if (frmMain* main = MainForm()) main->tvCoupons->scrollTo(node->index());
 }
 
 void frmMain::AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,

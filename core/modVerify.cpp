@@ -9,3 +9,5 @@ QString QuoteSql(const QString& text) {
     QString copy = text;
     return QuoteSql(copy);
 }
+
+QString SqlText(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }

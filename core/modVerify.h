@@ -7,3 +7,5 @@
 QString QuoteSql(QString& text);
 // For literals and temporaries, where there is no caller's variable to change.
 QString QuoteSql(const QString& text);
+// The text as a quoted literal for a query: '<text with apostrophes doubled>'.
+QString SqlText(const QString& text);

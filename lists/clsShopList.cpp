@@ -4,12 +4,6 @@
 #include "core/Values.h"
 #include "core/modVerify.h"
 
-namespace {
-
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
-}  // namespace
-
 QString clsShopList::Name() const { return CStr(rs.Field(QStringLiteral("Name"))); }
 QString clsShopList::Store() const { return CStr(rs.Field(QStringLiteral("Store"))); }
 QString clsShopList::Dates() const { return CStr(rs.Field(QStringLiteral("Dates"))); }
@@ -28,7 +22,7 @@ qint32 clsShopList::ItemID() const { return CLng(rs.Field(QStringLiteral("ID")))
 
 void clsShopList::AdjustRecipeName(const QString& oldTitle, const QString& newTitle) {
     Trap(QStringLiteral("ShopList.AdjustRecipeName"), [&] {
-        OpenDB(QStringLiteral("SELECT [ItemStyle] FROM ShopList where [ItemStyle] = ") + Lit(oldTitle), adOpenKeyset,
+        OpenDB(QStringLiteral("SELECT [ItemStyle] FROM ShopList where [ItemStyle] = ") + SqlText(oldTitle), adOpenKeyset,
                adLockOptimistic);
         while (!rs.IsEOF()) {
             rs.setField(QStringLiteral("ItemStyle"), newTitle);

@@ -7,11 +7,9 @@
 
 namespace {
 
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
 QString ServedQuery(const QString& title, const QString& guest) {
-    return QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + Lit(title) +
-           QStringLiteral(" AND [GuestName] = ") + Lit(guest);
+    return QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + SqlText(title) +
+           QStringLiteral(" AND [GuestName] = ") + SqlText(guest);
 }
 
 }  // namespace
@@ -46,7 +44,7 @@ int clsGuestServed::RecipeServed(const QString& title, const QString& guest) {
 
 void clsGuestServed::RemoveRecipes(const QString& title) {
     Trap(QStringLiteral("GuestServed.RemoveRecipes"), [&] {
-        OpenDB(QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + Lit(title), adOpenKeyset,
+        OpenDB(QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + SqlText(title), adOpenKeyset,
                adLockOptimistic);
         while (!rs.IsEOF()) {
             dbDelete();
@@ -58,7 +56,7 @@ void clsGuestServed::RemoveRecipes(const QString& title) {
 
 void clsGuestServed::RenameRecipes(const QString& oldTitle, const QString& newTitle) {
     Trap(QStringLiteral("GuestServed.RemoveRecipes"), [&] {
-        OpenDB(QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + Lit(oldTitle), adOpenKeyset,
+        OpenDB(QStringLiteral("SELECT * FROM GuestServed WHERE [RecipeName] = ") + SqlText(oldTitle), adOpenKeyset,
                adLockOptimistic);
         while (!rs.IsEOF()) {
             rs.setField(QStringLiteral("RecipeName"), newTitle);

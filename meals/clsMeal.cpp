@@ -11,8 +11,6 @@
 
 namespace {
 
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
 // Today as a query's date literal, month first.
 QString TodayLiteral() { return QStringLiteral("#") + Clock::Today().toString(QStringLiteral("M/d/yyyy")) + QStringLiteral("#"); }
 
@@ -20,7 +18,7 @@ QString TodayLiteral() { return QStringLiteral("#") + Clock::Today().toString(QS
 
 bool clsMeal::AddNew() {
     return Trap(QStringLiteral("Meal.AddNew"), false, [&] {
-        OpenDB(QStringLiteral("SELECT * FROM Meal WHERE [Name] = ") + Lit(name_), adOpenKeyset, adLockOptimistic);
+        OpenDB(QStringLiteral("SELECT * FROM Meal WHERE [Name] = ") + SqlText(name_), adOpenKeyset, adLockOptimistic);
         rs.AddNew();
         rs.setField(QStringLiteral("Name"), name_);
         rs.setField(QStringLiteral("Meal"), meal_);
@@ -73,7 +71,7 @@ void clsMeal::AuditMeals() {
 void clsMeal::RemoveRecipe(const QString& name, const QString& title) {
     Trap(QStringLiteral("Meal.RemoveRecipe"), [&] {
         OpenDB(name.isEmpty() ? QStringLiteral("SELECT * FROM Meal")
-                              : QStringLiteral("SELECT * FROM Meal WHERE [Name]=") + Lit(name),
+                              : QStringLiteral("SELECT * FROM Meal WHERE [Name]=") + SqlText(name),
                adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
             for (const char* course : {"Appetizer", "MainCourse", "Desert", "SideDishOne", "SideDishTwo",

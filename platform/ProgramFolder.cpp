@@ -22,4 +22,12 @@ QString File(const QString& name) {
 
 QString Subfolder(const QString& name) { return File(name); }
 
+QString SafeFileName(const QString& name, const QString& fallback) {
+    QString safe = name;
+    for (QChar& c : safe) {
+        if (c.unicode() < 32 || QStringLiteral("/\\:*?\"<>|").contains(c)) c = QLatin1Char('_');
+    }
+    return safe.trimmed().isEmpty() ? fallback : safe;
+}
+
 }  // namespace ProgramFolder

@@ -16,4 +16,8 @@ QString File(const QString& name);
 // A folder inside the program folder ("Export", "Images"); not created here.
 QString Subfolder(const QString& name);
 
+// A name usable as a file name on every system: characters a file system
+// refuses become "_", and a blank name becomes `fallback`.
+QString SafeFileName(const QString& name, const QString& fallback);
+
 }  // namespace ProgramFolder

@@ -206,6 +206,7 @@ void Recordset::Close() {
     table_.clear();
     keyed_ = false;
     withRowid_.clear();
+    keyOrder_.clear();
     cache_.clear();
     reads_.clear();
     rowLoads_ = 0;
@@ -285,8 +286,13 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
     }
     keyed = keyed && names.size() == qsizetype(columns_.size());
     QString refused;
+    // Unordered, the full statement reads the table in its own order; alone,
+    // the keys would come from whichever index is smallest.
+    static const QRegularExpression orderRe(QStringLiteral("\\bORDER\\s+BY\\b"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    if (!orderRe.match(withRowid_).hasMatch()) keyOrder_ = QStringLiteral(" ORDER BY ") + kRowidAlias;
     sqlite3_stmt* keys = keyed ? db.PrepareQuery(QStringLiteral("SELECT ") + kRowidAlias + QStringLiteral(" FROM (") +
-                                                     withRowid_ + QLatin1Char(')'),
+                                                     withRowid_ + QLatin1Char(')') + keyOrder_,
                                                  &refused)
                                : nullptr;
     if (keys) {
@@ -521,7 +527,8 @@ void Recordset::LoadHotColumns(int col) const {
         names << Quoted(columns_[i].name);
     }
     sqlite3_stmt* st = db_->PrepareQuery(QStringLiteral("SELECT %1, %2 FROM (%3)")
-                                             .arg(kRowidAlias, names.join(QLatin1Char(',')), withRowid_));
+                                             .arg(kRowidAlias, names.join(QLatin1Char(',')), withRowid_) +
+                                         keyOrder_);
     int rc;
     while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
         const qint64 rowid = sqlite3_column_int64(st, 0);

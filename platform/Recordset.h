@@ -113,6 +113,7 @@ private:
     // titles then costs a title scan, not ten thousand full records.
     bool keyed_ = false;
     QString withRowid_;
+    QString keyOrder_;
     // A column pass in its own order, which is the key order unless the
     // data moved in between; a row looks at its own position first.
     struct ColumnCache {

@@ -6,6 +6,7 @@
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/Values.h"
+#include "platform/ProgramFolder.h"
 #include "platform/RuntimeError.h"
 #include "platform/Ui.h"
 #include "publish/clsCommunications.h"
@@ -74,12 +75,7 @@ QString clsCalendar::Text() const {
 }
 
 QString clsCalendar::FileNameFor(const QString& FileBaseName) {
-    QString name = FileBaseName;
-    for (QChar& c : name) {
-        if (c.unicode() < 32 || QStringLiteral("/\\:*?\"<>|").contains(c)) c = QLatin1Char('_');
-    }
-    if (name.trimmed().isEmpty()) name = QStringLiteral("Event");
-    return name;
+    return ProgramFolder::SafeFileName(FileBaseName, QStringLiteral("Event"));
 }
 
 QString clsCalendar::WriteData(const QString& FileBaseName) {

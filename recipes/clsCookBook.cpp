@@ -6,12 +6,6 @@
 #include "core/modVerify.h"
 #include "platform/Ui.h"
 
-namespace {
-
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
-}  // namespace
-
 clsCookBook::clsCookBook() {
     Trap(QStringLiteral("Cookbook.Class_Initialize"),
          [&] { OpenDB(QStringLiteral("SELECT * FROM CookBook"), adOpenKeyset, adLockOptimistic); });
@@ -24,7 +18,7 @@ QString clsCookBook::Specialty() const { return TextOf(rs.Field(QStringLiteral("
 bool clsCookBook::IsSpecialty(const QString& name) {
     return Trap(QStringLiteral("Cookbook.IsSpecialty"), false, [&] {
         Recordset r;
-        r.Open(QStringLiteral("SELECT [Specialty] FROM Cookbook WHERE [Name] = ") + Lit(name), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Specialty] FROM Cookbook WHERE [Name] = ") + SqlText(name), ConnectionMain(),
                adOpenKeyset, adLockReadOnly);
         if (r.IsEOF()) return false;
         return TextOf(r.Field(QStringLiteral("Specialty"))) != QLatin1String("None");
@@ -88,7 +82,7 @@ void clsCookBook::RemoveCookbook(const QString& name) {
 bool clsCookBook::Exists(const QString& name) {
     return Trap(QStringLiteral("Cookbook.Exists"), false, [&] {
         Recordset r;
-        r.Open(QStringLiteral("SELECT [Name] FROM Cookbook WHERE [Name] = ") + Lit(name), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Name] FROM Cookbook WHERE [Name] = ") + SqlText(name), ConnectionMain(),
                adOpenKeyset, adLockReadOnly);
         return r.RecordCount() > 0;
     });
@@ -102,7 +96,7 @@ void clsCookBook::Rename(const QString& oldName, const QString& newName) {
     }
     Trap(QStringLiteral("Cookbook.Rename"), [&] {
         Recordset r;
-        r.Open(QStringLiteral("SELECT [Name] FROM CookBook WHERE [Name] = ") + Lit(oldName), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Name] FROM CookBook WHERE [Name] = ") + SqlText(oldName), ConnectionMain(),
                adOpenKeyset, adLockOptimistic);
         while (!r.IsEOF()) {
             r.setField(QStringLiteral("Name"), newName);
@@ -113,7 +107,7 @@ void clsCookBook::Rename(const QString& oldName, const QString& newName) {
         if (CurrentCookbook == oldName) CurrentCookbook = newName;
         // This statement has never run (no such table, no "="); it reports, and
         // the recipes keep the old name until NewCookbookName moves them.
-        r.Open(QStringLiteral("SELECT [Cookbook] FROM Recipies WHERE [Cookbook] ") + Lit(oldName), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Cookbook] FROM Recipies WHERE [Cookbook] ") + SqlText(oldName), ConnectionMain(),
                adOpenKeyset, adLockOptimistic);
         while (!r.IsEOF()) {
             r.setField(QStringLiteral("Cookbook"), newName);

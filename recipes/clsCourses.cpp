@@ -5,12 +5,6 @@
 #include "core/Values.h"
 #include "core/modVerify.h"
 
-namespace {
-
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
-}  // namespace
-
 QString clsCourses::Category() const { return TextOf(rs.Field(QStringLiteral("Category"))); }
 
 QString clsCourses::Course() const { return TextOf(rs.Field(QStringLiteral("Course"))); }
@@ -18,7 +12,7 @@ QString clsCourses::Course() const { return TextOf(rs.Field(QStringLiteral("Cour
 bool clsCourses::IsMapped(const QString& category) {
     return Trap(QStringLiteral("Courses.IsMapped"), false, [&] {
         Recordset r;
-        r.Open(QStringLiteral("SELECT * FROM Course WHERE [Category] = ") + Lit(category), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT * FROM Course WHERE [Category] = ") + SqlText(category), ConnectionMain(),
                adOpenKeyset, adLockReadOnly);
         return r.RecordCount() > 0;
     });

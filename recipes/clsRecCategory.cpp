@@ -8,8 +8,6 @@
 
 namespace {
 
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
-
 const QString kCategoryTag = QStringLiteral("RecipeCategory");
 
 }  // namespace
@@ -18,7 +16,7 @@ QString clsRecCategory::Name() const { return TextOf(rs.Field(QStringLiteral("Na
 
 bool clsRecCategory::Exists(const QString& name) {
     Recordset r;
-    r.Open(QStringLiteral("SELECT * FROM RecipieCategory WHERE Name = ") + Lit(name), ConnectionMain(), adOpenKeyset,
+    r.Open(QStringLiteral("SELECT * FROM RecipieCategory WHERE Name = ") + SqlText(name), ConnectionMain(), adOpenKeyset,
            adLockReadOnly);
     return r.RecordCount() > 0;
 }
@@ -44,14 +42,14 @@ bool clsRecCategory::WriteNew(const QString& name) {
 void clsRecCategory::RemoveCategory(const QString& name) {
     Trap(QStringLiteral("RecCategory.RemoveCategory"), [&] {
         Recordset r;
-        r.Open(QStringLiteral("SELECT [Name] FROM RecipieCategory WHERE [Name] =") + Lit(name), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Name] FROM RecipieCategory WHERE [Name] =") + SqlText(name), ConnectionMain(),
                adOpenKeyset, adLockOptimistic);
         if (!r.IsEOF()) r.Delete();
         r.Close();
 
         // Only a recipe whose whole list is this one name is found here; a
         // recipe filed as "Fish, Quick" keeps its Fish.
-        r.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Style] = ") + Lit(name), ConnectionMain(),
+        r.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Style] = ") + SqlText(name), ConnectionMain(),
                adOpenKeyset, adLockOptimistic);
         while (!r.IsEOF()) {
             QString style;

@@ -26,13 +26,12 @@ const QString kRecipeTitleTag = QStringLiteral("Recipe Title");
 const QString kCategoryTag = QStringLiteral("RecipeCategory");
 const QColor kRecipeColour(100, 100, 100);
 
-QString Lit(const QString& text) { return QStringLiteral("'") + QuoteSql(text) + QStringLiteral("'"); }
 
 // The second family: the caller's own string is doubled first and then quoted
 // again, so what reaches the query has four apostrophes for each one typed.
 QString LitInPlace(QString& text) {
     QuoteSql(text);
-    return Lit(text);
+    return SqlText(text);
 }
 
 QStandardItemModel& Tree() { return MainPanes::Instance().recipes; }
@@ -142,7 +141,7 @@ qint32 clsRecipies::SelectCount(const QString& cookbook) {
 void clsRecipies::MarkFavorite(const QString& title) {
     Trap(QStringLiteral("Recipe.MarkFavorite"), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [Favorite] FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(),
+        rs.Open(QStringLiteral("SELECT [Favorite] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
                 adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return;
         const QVariant v = rs.Field(QStringLiteral("Favorite"));
@@ -337,7 +336,7 @@ qint16 clsRecipies::DeleteRecipie(const QString& title) {
 QString clsRecipies::GetCookbookName(const QString& title) {
     return Trap(QStringLiteral("Recipe.GetCookbookName"), QString(), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [CookbookName] FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(),
+        rs.Open(QStringLiteral("SELECT [CookbookName] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
                 adOpenKeyset, adLockReadOnly);
         if (rs.IsEOF()) return QString();
         return TextOf(rs.Field(QStringLiteral("CookbookName")));
@@ -468,7 +467,7 @@ QString clsRecipies::NewCookbookName(const QString& oldName, const QString& newN
 void clsRecipies::RemoveFromCategory(const QString& title, const QString& category) {
     Trap(QStringLiteral("Recipe.RemoveFromCategory"), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(),
+        rs.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
                 adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return;
         const QString drop = category.trimmed();
@@ -499,7 +498,7 @@ void clsRecipies::RemoveFromCategory(const QString& title, const QString& catego
 bool clsRecipies::ChangeCookbook(const QString& title, const QString& cookbook) {
     return Trap(QStringLiteral("Recipe.ChangeCookbook"), false, [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [CookbookName],[Style],[Favorite] FROM Recipie WHERE [Title] = ") + Lit(title),
+        rs.Open(QStringLiteral("SELECT [CookbookName],[Style],[Favorite] FROM Recipie WHERE [Title] = ") + SqlText(title),
                 ConnectionMain(), adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return false;
         rs.setField(QStringLiteral("CookbookName"), cookbook);
@@ -532,7 +531,7 @@ bool clsRecipies::ChangeCookbook(const QString& title, const QString& cookbook) 
 void clsRecipies::SetCourse() {
     QuoteSql(name_);
     Recordset rs;
-    rs.Open(QStringLiteral("SELECT [Course] FROM Recipie WHERE [Title] = ") + Lit(name_), ConnectionMain(),
+    rs.Open(QStringLiteral("SELECT [Course] FROM Recipie WHERE [Title] = ") + SqlText(name_), ConnectionMain(),
             adOpenKeyset, adLockOptimistic);
     if (rs.IsEOF()) return;
     rs.setField(QStringLiteral("Course"), course_);
@@ -549,7 +548,7 @@ void clsRecipies::AddRecipeCategory(const QString& category, const QString& titl
         panes.SetColour(node, kRecipeColour);
 
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(),
+        rs.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
                 adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return;
         const QString style = TextOf(rs.Field(QStringLiteral("Style")));
@@ -565,7 +564,7 @@ void clsRecipies::AddRecipeCategory(const QString& category, const QString& titl
 void clsRecipies::SetRecipeImage(const QString& title, const QString& file) {
     Trap(QStringLiteral("Recipe.SetRecipeImage"), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [ImageFile],[Title] FROM Recipie WHERE [Title] = ") + Lit(title),
+        rs.Open(QStringLiteral("SELECT [ImageFile],[Title] FROM Recipie WHERE [Title] = ") + SqlText(title),
                 ConnectionMain(), adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) {
             MsgBox(title + QStringLiteral(" is not in the Database!"), vb::vbInformation, QStringLiteral("Notice"));
@@ -589,7 +588,7 @@ QString clsRecipies::GetRecipeImage(const QString& title) {
 
 QString clsRecipies::GetRecipeImageUnTrapped(const QString& title) {
     Recordset rs;
-    rs.Open(QStringLiteral("SELECT [ImageFile] FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(),
+    rs.Open(QStringLiteral("SELECT [ImageFile] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
             adOpenKeyset, adLockReadOnly);
     if (rs.IsEOF()) return QString();
     return TextOf(rs.Field(QStringLiteral("ImageFile")));
@@ -599,7 +598,7 @@ QString clsRecipies::GetRecipeImageUnTrapped(const QString& title) {
 
 bool clsRecipies::PrepareReport(const QString& title, bool testPicture, rptRecipe& report) {
     Recordset rs;
-    rs.Open(QStringLiteral("SELECT * FROM Recipie WHERE [Title] = ") + Lit(title), ConnectionMain(), adOpenKeyset,
+    rs.Open(QStringLiteral("SELECT * FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(), adOpenKeyset,
             adLockReadOnly);
     if (rs.IsEOF()) return false;
     // Binding turns each "%%" into a blank in what was fetched; nothing is written back.

@@ -194,7 +194,9 @@ TEST_F(PaneTest, CouponsHangUnderTheirManufacturersAndStrangersAreAdded) {
     panes.AddNode(panes.coupons, "", "Root", "Coupons");
     w.LoadCoupons();
     QStandardItem* root = panes.FindByKey(panes.coupons, "Root");
-    EXPECT_EQ(Children(root), QStringList({"Acme", "Zeta", "Newco"}));
+    // The stranger is entered as a manufacturer, which sorts the tree.
+    EXPECT_EQ(Children(root), QStringList({"Acme", "Newco", "Zeta"}));
+    EXPECT_TRUE(panes.FindByKey(panes.coupons, "Newco")->font().bold());
     QStandardItem* acme = panes.FindByKey(panes.coupons, "Acme");
     ASSERT_EQ(acme->rowCount(), 1);
     QStandardItem* oats = acme->child(0);
@@ -208,6 +210,61 @@ TEST_F(PaneTest, CouponsHangUnderTheirManufacturersAndStrangersAreAdded) {
     w.LoadAllCoupons();
     EXPECT_EQ(Children(panes.FindByKey(panes.coupons, "Root")), QStringList({"Acme", "Newco", "Zeta"}));
     EXPECT_EQ(Rows("SELECT * FROM Manufacturer WHERE [Name] = 'Newco'"), 1);
+}
+
+TEST_F(PaneTest, CouponsPastTheirDateTurnRedAndNearOnesWarnThenTheSettingActs) {
+    Registry().CouponExpireNofication(true);
+    Registry().CouponExpireDays(5);
+    Registry().CouponExpiredAction(3);
+    auto coupon = [&](const QString& product, const QString& expiration) {
+        Add("Coupons", {{"Manufacturer", "Acme"}, {"Product", product}, {"Size", "box"}, {"Quantity", "1"},
+                        {"Expiration", expiration}});
+    };
+    coupon("Old", "11/21/2026");
+    coupon("Today", "11/22/2026");
+    coupon("Soon", "11/26/2026");
+    coupon("Later", "11/27/2026");
+    coupon("Forever", "Never");
+    coupon("Smudged", "next Tuesday");
+    frmMain w;
+    panes.AddNode(panes.coupons, "", "Root", "Coupons");
+    ui.answer(vb::OK);
+    w.LoadCoupons();
+    EXPECT_EQ(ui.lastBox().prompt, "There are Coupons that are going to expire in the next 5 days.");
+    EXPECT_EQ(ui.lastBox().title, "Pending Expiration");
+
+    QStandardItem* acme = panes.FindByKey(panes.coupons, "Acme");
+    ASSERT_EQ(acme->rowCount(), 6);
+    auto look = [&](int row) {
+        QStandardItem* n = acme->child(row);
+        return n->text() + "|" + n->data(MainPanes::ImageKeyRole).toString() + "|" +
+               (n->foreground().color() == QColor(255, 0, 0) ? "red" : "plain");
+    };
+    EXPECT_EQ(look(0), "1-box Old (Expired)|CouponExpire|red");
+    EXPECT_EQ(look(1), "1-box Today|CouponExpire|plain");  // d = 0 warns but is not past
+    EXPECT_EQ(look(2), "1-box Soon|CouponExpire|plain");
+    EXPECT_EQ(look(3), "1-box Later|Coupon|plain");
+    EXPECT_EQ(look(4), "1-box Forever|Coupon|plain");
+    EXPECT_EQ(look(5), "1-box Smudged|Coupon|plain");
+
+    // Offering the purge is remembered for the start; purging removes only the past.
+    Registry().CouponExpiredAction(2);
+    w.LoadAllCoupons();
+    EXPECT_TRUE(w.PurgeOnStart);
+    w.PurgeOnStart = false;
+    {
+        // The purge itself stops at an expiration it cannot read.
+        Recordset smudged;
+        smudged.Open("SELECT * FROM Coupons WHERE [Product] = 'Smudged'", ConnectionMain(), adOpenKeyset,
+                     adLockOptimistic);
+        smudged.Delete();
+    }
+    Registry().CouponExpiredAction(1);
+    w.LoadAllCoupons();
+    EXPECT_FALSE(w.PurgeOnStart);
+    EXPECT_EQ(Rows("SELECT * FROM Coupons"), 4);
+    EXPECT_EQ(Rows("SELECT * FROM Coupons WHERE [Product] = 'Old'"), 0);
+    EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme")->rowCount(), 4);
 }
 
 TEST_F(PaneTest, MealsShowOnceByNameWithTheirCoursesAndTheirDaysBold) {

@@ -322,6 +322,11 @@ TEST_F(DatabaseTest, LongWalksOverWideRowsReadTheRowTheyAreOn) {
                            {"Course", i % 2 ? "Main Course" : "Dessert"},
                            {"TimesUsed", i}});
 
+    // Unordered, rows come in table order even where an index could give the keys.
+    AddRow("Coupons", {{"Product", "Zeta"}});
+    AddRow("Coupons", {{"Product", "Alpha"}});
+    EXPECT_EQ(Column("SELECT * FROM Coupons", "Product"), QStringList({"Zeta", "Alpha"}));
+
     Recordset rs;
     rs.Open("SELECT * FROM Recipie WHERE [Course] = 'Dessert' ORDER BY [Title] DESC;", db(), adOpenKeyset,
             adLockOptimistic);

@@ -1,0 +1,121 @@
+#include "products/clsManufacturer.h"
+
+#include "core/ErrorReport.h"
+#include "core/Globals.h"
+#include "core/Values.h"
+#include "core/frmMain.h"
+#include "core/modBarcode.h"
+#include "core/modVerify.h"
+#include "platform/Ui.h"
+
+namespace {
+
+const QString kCrLf = QStringLiteral("\r\n");
+
+void RenameIn(const QString& sql, const QString& column, const QString& newName) {
+    Recordset r;
+    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
+    while (!r.IsEOF()) {
+        r.setField(column, newName);
+        r.Update();
+        r.MoveNext();
+    }
+}
+
+}  // namespace
+
+QString clsManufacturer::Name() { return TextOf(rs.Field(QStringLiteral("Name"))); }
+
+QString clsManufacturer::UPCCode() { return TextOf(rs.Field(QStringLiteral("UPC_code"))); }
+
+bool clsManufacturer::Exists(const QString& name) {
+    return Trap(QStringLiteral("Manufacturer.Exists"), false, [&] {
+        Recordset r;
+        r.Open(QStringLiteral("SELECT [Name] FROM Manufacturer WHERE [Name] = ") + SqlText(name), ConnectionMain(),
+               adOpenKeyset, adLockReadOnly);
+        return !r.IsEOF();
+    });
+}
+
+bool clsManufacturer::WriteNew() {
+    return Trap(QStringLiteral("Manufacturer.WriteNew"), false, [&] {
+        if (Exists(name_)) return false;
+        if (upcCode_.isEmpty()) upcCode_ = QStringLiteral("0");
+        OpenForAdd(QStringLiteral("Manufacturer"));
+        rs.setField(QStringLiteral("Name"), name_);
+        rs.setField(QStringLiteral("UPC_Number"), GetManufacturerCode(upcCode_));
+        rs.Update();
+        frmMain::AddManufacturer(name_);
+        return true;
+    });
+}
+
+void clsManufacturer::RenameManufacturer(const QString& oldName, const QString& newName) {
+    Trap(QStringLiteral("Manufacturer.RenameManufacturer"), [&] {
+        const QString old = SqlText(oldName);
+        RenameIn(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
+        RenameIn(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
+                 newName);
+        RenameIn(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
+                 newName);
+    });
+}
+
+bool clsManufacturer::DeleteManufacturer(const QString& name) {
+    return Trap(QStringLiteral("Manufacturer.DeleteManufacturer"), false, [&] {
+        const QString key = SqlText(name);
+        Recordset products;
+        products.Open(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + key, ConnectionMain(),
+                      adOpenKeyset, adLockOptimistic);
+        if (!products.IsEOF()) {
+            const int answer = MsgBox(
+                QStringLiteral("There are Products for ") + name +
+                    QStringLiteral(". Do you wish to delete these Products or set the Manufacturer to 'Any'?") + kCrLf +
+                    kCrLf + QStringLiteral(" • Click 'Yes' to delete this Manufacturer.") + kCrLf +
+                    QStringLiteral(" • Click 'No' to reset the Manufacturer to 'Any'.") + kCrLf +
+                    QStringLiteral(" • Click 'Cancel' to Exit."),
+                vb::vbYesNoCancel + vb::vbQuestion, QStringLiteral("Products Found"));
+            if (answer == vb::Cancel) return false;
+            while (!products.IsEOF()) {
+                if (answer == vb::Yes) {
+                    // The history is looked up by its own key, not by ItemID;
+                    // that is how the clean-up has always matched.
+                    Recordset history;
+                    history.Open(QStringLiteral("Select * FROM SpendHistory WHERE [SpendID] = ") +
+                                     QString::number(CLng(products.Field(QStringLiteral("ID")))),
+                                 ConnectionMain(), adOpenKeyset, adLockOptimistic);
+                    while (!history.IsEOF()) {
+                        history.Delete();
+                        history.MoveNext();
+                    }
+                    products.Delete();
+                } else {
+                    products.setField(QStringLiteral("Manufacturer"), QStringLiteral("Any"));
+                    products.Update();
+                }
+                products.MoveNext();
+            }
+        }
+        products.Close();
+
+        for (const QString& sql : {QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + key,
+                                   QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + key}) {
+            Recordset r;
+            r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
+            while (!r.IsEOF()) {
+                r.Delete();
+                r.MoveNext();
+            }
+        }
+        return true;
+    });
+}
+
+bool clsManufacturer::rsManufacturer(const QString& text) {
+    return Trap(QStringLiteral("Manufacturer.rsManufacturer"), false, [&] {
+        Recordset r;
+        r.Open(QStringLiteral("SELECT [Name] FROM Store WHERE [Name] LIKE '%") + QuoteSql(text) + QStringLiteral("%'"),
+               ConnectionMain(), adOpenKeyset, adLockReadOnly);
+        return !r.IsEOF();
+    });
+}

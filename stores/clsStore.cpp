@@ -1,0 +1,221 @@
+#include "stores/clsStore.h"
+
+#include "core/ErrorReport.h"
+#include "core/Globals.h"
+#include "core/Values.h"
+#include "core/clsRegistry.h"
+#include "core/modVerify.h"
+#include "platform/ProgramFolder.h"
+#include "platform/RuntimeError.h"
+#include "platform/Ui.h"
+#include "publish/clsCommunications.h"
+#include "stores/StoreMapFile.h"
+#include "stores/clsIsleMap.h"
+#include "stores/clsItemCategory.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+// Sets one column on every row of a query, one row at a time.
+void SetEveryRow(const QString& sql, const QString& column, const QVariant& value) {
+    Recordset r;
+    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
+    while (!r.IsEOF()) {
+        r.setField(column, value);
+        r.Update();
+        r.MoveNext();
+    }
+}
+
+void DeleteEveryRow(const QString& sql) {
+    Recordset r;
+    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
+    while (!r.IsEOF()) {
+        r.Delete();
+        r.MoveNext();
+    }
+}
+
+}  // namespace
+
+QString clsStore::Name() { return TextOf(rs.Field(QStringLiteral("Name"))); }
+
+qint16 clsStore::IsleCount() { return CInt(rs.Field(QStringLiteral("isles"))); }
+
+QString clsStore::StoreFaxNumber() { return TextOf(rs.Field(QStringLiteral("FaxNumber"))); }
+
+bool clsStore::WriteNew() {
+    return Trap(QStringLiteral("Store.WriteNew"), false, [&] {
+        OpenForAdd(QStringLiteral("Store"));
+        rs.setField(QStringLiteral("Name"), name_);
+        rs.setField(QStringLiteral("isles"), isleCount_);
+        rs.setField(QStringLiteral("FaxNumber"), faxNumber_);
+        rs.Update();
+        return true;
+    });
+}
+
+void clsStore::UpdateStore() {
+    Trap(QStringLiteral("Store.UpdateStore"), [&] {
+        Recordset r;
+        r.Open(QStringLiteral("SELECT * FROM Store WHERE [Name] =") + SqlText(name_), ConnectionMain(), adOpenKeyset,
+               adLockOptimistic);
+        if (r.RecordCount() != 1) return;
+        bool changed = false;
+        if (CInt(r.Field(QStringLiteral("isles"))) != isleCount_ || IsNull(r.Field(QStringLiteral("isles")))) {
+            r.setField(QStringLiteral("isles"), isleCount_);
+            changed = true;
+        }
+        if (TextOf(r.Field(QStringLiteral("FaxNumber"))) != faxNumber_) {
+            r.setField(QStringLiteral("FaxNumber"), faxNumber_);
+            changed = true;
+        }
+        if (changed) r.Update();
+    });
+}
+
+qint16 clsStore::FindCount(const QString& name) {
+    if (rs.IsBOF() && rs.IsEOF()) return 0;
+    rs.MoveFirst();
+    while (!rs.IsEOF()) {
+        if (TextOf(rs.Field(QStringLiteral("Name"))) == name) return CInt(rs.Field(QStringLiteral("isles")));
+        rs.MoveNext();
+    }
+    return 0;
+}
+
+void clsStore::UpdateCount(const QString& name, qint16 count) {
+    Recordset r;
+    r.Open(QStringLiteral("SELECT * FROM Store WHERE [Name] = ") + SqlText(name), ConnectionMain(), adOpenKeyset,
+           adLockOptimistic);
+    while (!r.IsEOF()) {
+        if (TextOf(r.Field(QStringLiteral("Name"))) == name) {
+            r.setField(QStringLiteral("isles"), count);
+            r.Update();
+            return;
+        }
+        r.MoveNext();
+    }
+}
+
+bool clsStore::Exists(const QString& name) {
+    return Trap(QStringLiteral("Store.Exists"), false, [&] {
+        Recordset r;
+        r.Open(QStringLiteral("SELECT [Name] FROM Store WHERE [Name] = ") + SqlText(name), ConnectionMain(),
+               adOpenKeyset, adLockReadOnly);
+        return !r.IsEOF();
+    });
+}
+
+bool clsStore::IsPossibleManufacturer(const QString& name) {
+    return Trap(QStringLiteral("Store.IsPossibleManufacturer"), false, [&] {
+        Recordset r;
+        r.Open(QStringLiteral("SELECT [Name] FROM Manufacturer WHERE [Name] LIKE '%") + QuoteSql(name) +
+                   QStringLiteral("%'"),
+               ConnectionMain(), adOpenKeyset, adLockReadOnly);
+        return !r.IsEOF();
+    });
+}
+
+void clsStore::ChangeName(const QString& oldName, const QString& newName) {
+    if (!Exists(oldName)) {
+        MsgBox(oldName + QStringLiteral(" does not exist, please choose a different name."), vb::vbOKOnly,
+               QStringLiteral("Exists"));
+        return;
+    }
+    // The alternate aisle map keeps the old name; it has always been left so.
+    const QString old = SqlText(oldName);
+    SetEveryRow(QStringLiteral("SELECT [Name] FROM Store WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
+    SetEveryRow(QStringLiteral("SELECT [Store] FROM Shoplist WHERE [Store] =") + old, QStringLiteral("Store"), newName);
+    SetEveryRow(QStringLiteral("SELECT [Store] FROM Coupons WHERE [Store] =") + old, QStringLiteral("Store"), newName);
+    SetEveryRow(QStringLiteral("SELECT [Store] FROM Islemap WHERE [Store] =") + old, QStringLiteral("Store"), newName);
+}
+
+void clsStore::DeleteStore(const QString& name) {
+    if (!Exists(name)) {
+        MsgBox(name + QStringLiteral(" doesn't exist, please choose a different name."), vb::vbOKOnly,
+               QStringLiteral("Exists"));
+        return;
+    }
+    const QString key = SqlText(name);
+    DeleteEveryRow(QStringLiteral("SELECT * FROM Store WHERE [Name] = ") + key);
+    // List items and coupons stay; they only lose their store.
+    SetEveryRow(QStringLiteral("SELECT [Store] FROM ShopList WHERE [Store] = ") + key, QStringLiteral("Store"),
+                QString());
+    SetEveryRow(QStringLiteral("SELECT [Store] FROM Coupons WHERE [Store] = ") + key, QStringLiteral("Store"),
+                QString());
+    DeleteEveryRow(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + key);
+}
+
+QString clsStore::ExportFileFor(const QString& name) {
+    return QDir(Registry().ExportFilePath())
+        .filePath(ProgramFolder::SafeFileName(name, QStringLiteral("Store")) + QStringLiteral(".gil"));
+}
+
+void clsStore::ExportStoreFile(const QString& name) {
+    Trap(QStringLiteral("Store.ExportStoreFile"), [&] {
+        const QString path = QDir::toNativeSeparators(ExportFileFor(name));
+        Recordset r;
+        r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + SqlText(name), ConnectionMain(),
+               adOpenKeyset, adLockReadOnly);
+        if (r.IsEOF()) {
+            MsgBox(QStringLiteral("There are no Isles mapped for ") + name + QStringLiteral("."), vb::vbOKOnly,
+                   QStringLiteral("Notice"));
+            return;
+        }
+        QDir().mkpath(Registry().ExportFilePath());
+        if (QFile::exists(path) &&
+            MsgBox(path + QStringLiteral(" has already been exported, Over-write file?"), vb::vbYesNo + vb::vbQuestion,
+                   QStringLiteral("Over-write")) == vb::No)
+            return;
+
+        QString text;
+        while (!r.IsEOF()) {
+            text += StoreMapFile::Line(TextOf(r.Field(QStringLiteral("Store"))),
+                                       TextOf(r.Field(QStringLiteral("ItemCategory"))),
+                                       TextOf(r.Field(QStringLiteral("Isle"))));
+            r.MoveNext();
+        }
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            throw RuntimeError(QStringLiteral("Path/File access error"));
+        const QByteArray bytes = text.toUtf8();
+        if (file.write(bytes) != bytes.size()) throw RuntimeError(QStringLiteral("Disk full"));
+        file.close();
+
+        if (MsgBox(QStringLiteral("Would you like to mail ") + name + QStringLiteral(" to someone?"),
+                   vb::vbYesNo + vb::vbQuestion, QStringLiteral("Mail Store")) == vb::Yes)
+            clsCommunications().SendEmail(QString(), name, QString(), path);
+    });
+}
+
+void clsStore::ImportStoreFile(const QString& path) {
+    Trap(QStringLiteral("Store.ImportStoreFile"), [&] {
+        std::vector<StoreMapFile::Record> records;
+        if (!StoreMapFile::Read(path, records)) {
+            MsgBox(QStringLiteral("There Appears to be a problem with this Store Map file."), vb::vbCritical,
+                   QStringLiteral("File Problem"));
+            return;
+        }
+        clsItemCategory categories;
+        for (const StoreMapFile::Record& record : records) {
+            if (!Exists(record.store)) {
+                clsStore store;
+                store.Name(record.store);
+                store.IsleCount(1);
+                store.WriteNew();
+            }
+            if (!categories.Exists(record.category)) categories.WriteNew(record.category);
+            clsIsleMap map;
+            if (!map.IsMapped(record.store, record.category, record.isle)) {
+                map.Store(record.store);
+                map.ItemCategory(record.category);
+                map.Isle(record.isle);
+                map.IsleOrder(0);
+                map.WriteNew();
+            }
+        }
+    });
+}
