@@ -31,3 +31,15 @@ void Trap(const QString& where, F&& body) {
         ReportError(e, where);
     }
 }
+
+// For the procedures whose report reads otherwise ("Occurring in", a leading
+// ". "): the box says "Error: <description><tail>".
+template <class T, class F>
+T TrapTail(const QString& tail, T fallback, F&& body) {
+    try {
+        return std::forward<F>(body)();
+    } catch (const std::exception& e) {
+        ReportErrorText(QStringLiteral("Error: ") + ErrorDescription(e) + tail);
+        return fallback;
+    }
+}

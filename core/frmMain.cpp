@@ -390,6 +390,7 @@ void frmMain::ConnectScreens() {
         TheUi().ShowModeless(form, this);
     });
     Connect(QStringLiteral("mnuPurgeMessages"), [] { clsMessages().PurgeExpired(); });
+    ConnectStoreAndProductScreens();
     Connect(QStringLiteral("mnuExportMessageToOutlook"), [this] {
         const QModelIndex current = lvMessageCenter->currentIndex();
         if (!current.isValid()) return;
@@ -999,6 +1000,10 @@ void frmMain::SetCouponPopup(QStandardItem* node) {
     menus.value(QStringLiteral("mnuFindCouponsFor"))
         ->setText(isMaker ? QStringLiteral("Find Coupons for ") + maker->text()
                           : QStringLiteral("Find Coupons for Manufacturer"));
+    for (const char* name : {"mnuRenameManufacturer", "mnuDeleteManufacturer", "mnuPOPShowProducts"})
+        menus.value(QString::fromLatin1(name))->setEnabled(isMaker);
+    const bool isCoupon = node && node != maker && node->data(MainPanes::KeyRole).toString().startsWith(QLatin1Char('C'));
+    menus.value(QStringLiteral("mnuPOPDeleteCoupon"))->setEnabled(isCoupon);
 }
 
 void frmMain::SetListAndMealsPopup() {

@@ -173,6 +173,9 @@ private:
     void Connect(const QString& name, void (frmMain::*slot)());
     void Connect(const QString& name, const std::function<void()>& run);
     void ConnectScreens();
+    void ConnectStoreAndProductScreens();
+    // The manufacturer of the coupon pane's selected node, "" without one.
+    QString SelectedManufacturer() const;
     void Status(const QString& text);
     bool DeviceCheckDisabled() const { return true; }
     void PrintCommandLineReport(const QString& which);

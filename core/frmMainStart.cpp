@@ -14,6 +14,7 @@
 #include "messages/clsMessages.h"
 #include "messages/frmReminder.h"
 #include "platform/Clock.h"
+#include "products/clsSpendHistory.h"
 #include "platform/Database.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SettingsStore.h"
@@ -173,7 +174,8 @@ void frmMain::Form_Load() {
         // 20.
         if (Registry().PurgeCostHistory()) {
             Status(QStringLiteral("Removing old Cost History ..."));
-            // The cost-history purge arrives with the spending records.
+            bool purged = false;
+            clsSpendHistory().PurgeExpired(0, 0, purged);
         }
         // 21. Dormant: the guard always answers true.
         if (!DeviceCheckDisabled() && Registry().PalmAppsInstalled()) {

@@ -1,0 +1,6 @@
+#include "products/ProductEvents.h"
+
+ProductEvents& ProductEvents::Instance() {
+    static ProductEvents events;
+    return events;
+}

@@ -1,0 +1,176 @@
+#include "products/frmProductListing.h"
+
+#include "core/Globals.h"
+#include "core/Values.h"
+#include "core/modVerify.h"
+#include "platform/Recordset.h"
+#include "platform/Ui.h"
+#include "products/ProductEvents.h"
+#include "products/clsProduct.h"
+#include "products/frmProductDetail.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+constexpr int kIdRole = Qt::UserRole + 1;
+
+}  // namespace
+
+frmProductListing::frmProductListing(const QString& manufacturer, QWidget* parent)
+    : QDialog(parent), manufacturer_(manufacturer) {
+    setObjectName(QStringLiteral("frmProductListing"));
+    setWindowTitle(QStringLiteral("Product Listing"));
+
+    lblIntro = new QLabel(this);
+    lblIntro->setObjectName(QStringLiteral("lblIntro"));
+    lblIntro->setWordWrap(true);
+    lblIntro->setVisible(!manufacturer.isEmpty());
+    if (!manufacturer.isEmpty())
+        lblIntro->setText(QStringLiteral("Below is a listing of all of the products that have ever been entered for ") +
+                          manufacturer + QStringLiteral(" into the database."));
+
+    txtSearch = new QLineEdit(this);
+    txtSearch->setObjectName(QStringLiteral("txtSearch"));
+    txtSearch->setPlaceholderText(QStringLiteral("Product name"));
+    chkWatchOnly = new QCheckBox(QStringLiteral("Watched items only"), this);
+    chkWatchOnly->setObjectName(QStringLiteral("chkWatchOnly"));
+    cmdSearch = new QPushButton(QStringLiteral("Search"), this);
+    cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
+    auto* search = new QHBoxLayout;
+    search->addWidget(txtSearch, 1);
+    search->addWidget(chkWatchOnly);
+    search->addWidget(cmdSearch);
+
+    lvProducts = new QTreeWidget(this);
+    lvProducts->setObjectName(QStringLiteral("lvProducts"));
+    lvProducts->setRootIsDecorated(false);
+    lvProducts->setUniformRowHeights(true);
+    lvProducts->setHeaderLabels({QStringLiteral("Product Name"), QStringLiteral("Manufacturer"), QStringLiteral("Size"),
+                                 QStringLiteral("Category"), QStringLiteral("Watch")});
+    lvProducts->header()->setSectionsClickable(true);
+    lvProducts->header()->setSortIndicatorShown(true);
+    lvProducts->setContextMenuPolicy(Qt::CustomContextMenu);
+
+    mnuPopup = new QMenu(this);
+    auto add = [this](const QString& name, const QString& caption, bool enabled) {
+        QAction* a = mnuPopup->addAction(caption);
+        a->setObjectName(name);
+        a->setEnabled(enabled);
+        return a;
+    };
+    // Coupons, lists and price history have their own screens, not here yet.
+    add(QStringLiteral("mnuAddCoupon"), QStringLiteral("Add Coupon"), false);
+    connect(add(QStringLiteral("mnuAddItemToInventory"), QStringLiteral("Add Item to Inventory"), true),
+            &QAction::triggered, this, &frmProductListing::mnuAddItemToInventory_Click);
+    add(QStringLiteral("mnuAddItemToShopList"), QStringLiteral("Add Item to Shopping List"), false);
+    mnuPopup->addSeparator();
+    connect(add(QStringLiteral("mnuEditItem"), QStringLiteral("Edit Item"), true), &QAction::triggered, this,
+            &frmProductListing::mnuEditItem_Click);
+    connect(add(QStringLiteral("mnuDeleteItem"), QStringLiteral("Delete Item"), true), &QAction::triggered, this,
+            &frmProductListing::mnuDeleteItem_Click);
+    add(QStringLiteral("mnuItemPriceHistory"), QStringLiteral("Price History"), false);
+
+    cmdClose = new QPushButton(QStringLiteral("Close"), this);
+    cmdClose->setObjectName(QStringLiteral("cmdClose"));
+    auto* bottom = new QHBoxLayout;
+    bottom->addStretch();
+    bottom->addWidget(cmdClose);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(lblIntro);
+    layout->addLayout(search);
+    layout->addWidget(lvProducts, 1);
+    layout->addLayout(bottom);
+    resize(720, 460);
+
+    connect(cmdSearch, &QPushButton::clicked, this, &frmProductListing::cmdSearch_Click);
+    connect(txtSearch, &QLineEdit::returnPressed, this, &frmProductListing::cmdSearch_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    connect(lvProducts->header(), &QHeaderView::sectionClicked, this, &frmProductListing::lvProducts_ColumnClick);
+    connect(lvProducts, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
+        if (QTreeWidgetItem* item = lvProducts->itemAt(pos)) lvProducts->setCurrentItem(item);
+        if (lvProducts->currentItem()) mnuPopup->popup(lvProducts->viewport()->mapToGlobal(pos));
+    });
+    connect(lvProducts, &QTreeWidget::itemDoubleClicked, this, &frmProductListing::mnuEditItem_Click);
+    // Another screen writing or deleting a product refreshes the list.
+    connect(&ProductEvents::Instance(), &ProductEvents::ProductEvent, this, [this] { Fill(query_); });
+    LoadProducts();
+}
+
+QAction* frmProductListing::Command(const QString& name) const { return mnuPopup->findChild<QAction*>(name); }
+
+QString frmProductListing::SelectedName() const {
+    const QTreeWidgetItem* item = lvProducts->currentItem();
+    return item ? item->text(0) : QString();
+}
+
+void frmProductListing::LoadProducts() {
+    Fill(manufacturer_.isEmpty() ? QStringLiteral("SELECT * FROM Product ORDER BY [Name]")
+                                 : QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") +
+                                       SqlText(manufacturer_) + QStringLiteral(" ORDER BY [Name]"));
+}
+
+void frmProductListing::cmdSearch_Click() {
+    QString sql = QStringLiteral("SELECT * FROM Product WHERE [Name] LIKE '*") + QuoteSql(txtSearch->text()) +
+                  QStringLiteral("*'");
+    if (chkWatchOnly->isChecked()) sql += QStringLiteral(" AND [LookOut] = True");
+    Fill(sql + QStringLiteral(" ORDER BY [Name]"));
+}
+
+void frmProductListing::Fill(const QString& sql) {
+    query_ = sql;
+    lvProducts->clear();
+    Recordset r;
+    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
+    QList<QTreeWidgetItem*> items;
+    for (; !r.IsEOF(); r.MoveNext()) {
+        const QVariant watch = r.Field(QStringLiteral("lookout"));
+        auto* item = new QTreeWidgetItem(
+            {TextOf(r.Field(QStringLiteral("Name"))), TextOf(r.Field(QStringLiteral("Manufacturer"))),
+             TextOf(r.Field(QStringLiteral("Size"))), TextOf(r.Field(QStringLiteral("Category"))),
+             !IsNull(watch) && CBool(watch) ? QStringLiteral("Yes") : QStringLiteral("No")});
+        item->setData(0, kIdRole, CLng(r.Field(QStringLiteral("ID"))));
+        items << item;
+    }
+    lvProducts->addTopLevelItems(items);
+    for (int c = 0; c < lvProducts->columnCount(); ++c) lvProducts->resizeColumnToContents(c);
+}
+
+void frmProductListing::lvProducts_ColumnClick(int column) {
+    ascending_ = column == sortColumn_ ? !ascending_ : true;
+    sortColumn_ = column;
+    lvProducts->sortItems(column, ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder);
+    lvProducts->header()->setSortIndicator(column, ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void frmProductListing::mnuAddItemToInventory_Click() {
+    const QString name = SelectedName();
+    if (!name.isEmpty()) clsProduct().AddToInventory(name);
+}
+
+void frmProductListing::mnuDeleteItem_Click() {
+    const QString name = SelectedName();
+    if (name.isEmpty()) return;
+    if (MsgBox(QStringLiteral("This will permanently delete ") + name + QStringLiteral(". Do you want to Continue?"),
+               vb::vbYesNo + vb::vbQuestion, QStringLiteral("Confirm Delete")) != vb::Yes)
+        return;
+    clsProduct().Delete(name);
+}
+
+void frmProductListing::mnuEditItem_Click() {
+    const QTreeWidgetItem* item = lvProducts->currentItem();
+    if (!item) return;
+    auto detail = std::make_unique<frmProductDetail>(item->data(0, kIdRole).toInt(), this);
+    if (TheUi().ShowModal(detail.get()) == QDialog::Accepted) Fill(query_);
+}
