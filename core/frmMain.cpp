@@ -344,6 +344,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     setWindowTitle(QStringLiteral("Larderkeep"));
     BuildMenus();
     BuildPopups();
+    // After the popups: some of these commands live there.
+    ConnectStoreAndProductScreens();
     BuildToolbars();
     BuildPanes();
     BuildStatusBar();
@@ -390,7 +392,6 @@ void frmMain::ConnectScreens() {
         TheUi().ShowModeless(form, this);
     });
     Connect(QStringLiteral("mnuPurgeMessages"), [] { clsMessages().PurgeExpired(); });
-    ConnectStoreAndProductScreens();
     Connect(QStringLiteral("mnuExportMessageToOutlook"), [this] {
         const QModelIndex current = lvMessageCenter->currentIndex();
         if (!current.isValid()) return;

@@ -13,6 +13,7 @@
 #include "support/TestEnv.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
@@ -413,3 +414,68 @@ TEST_F(CommandTest, MeasureAndMessageCommandsOpenTheirScreens) {
     ASSERT_EQ(ui.modeless().size(), 1);
     EXPECT_STREQ(ui.modeless().first()->metaObject()->className(), "frmMessageNew");
 }
+
+// The store, product and manufacturer commands reach their screens and classes.
+namespace {
+
+TEST_F(CommandTest, StoreProductAndManufacturerCommandsAreWired) {
+    frmMain w;
+    QStringList opened;
+    auto record = [&](int answer) {
+        ui.answerModal([&, answer](QDialog* dialog) {
+            opened << dialog->metaObject()->className();
+            return answer;
+        });
+    };
+    for (const char* name : {"mnuEnterProduct", "mnuViewAllProducts", "mnuEditProduct"}) {
+        record(0);
+        w.menus.value(name)->trigger();
+    }
+    EXPECT_EQ(opened, QStringList({"frmProductNew", "frmProductListing", "frmProductListing"}));
+    EXPECT_FALSE(Enabled(w, "mnuSetupStoreIsles"));  // the aisle setup screen is not there yet
+
+    // A map imported from a file the person picks.
+    const QString path = QDir(Home()).filePath("corner.gil");
+    {
+        QFile f(path);
+        f.open(QIODevice::WriteOnly);
+        f.write("Corner Shop,Dairy,Isle 1\r\n");
+    }
+    ui.answerFile(path);
+    w.menus.value("mnuImportStoreMap")->trigger();
+    Recordset rs;
+    rs.Open("SELECT * FROM IsleMap WHERE [Store] = 'Corner Shop'", ConnectionMain(), adOpenKeyset, adLockReadOnly);
+    EXPECT_FALSE(rs.IsEOF());
+    rs.Close();
+
+    // Exporting asks which store first.
+    ui.answerModal([](QDialog* dialog) { return dialog->metaObject()->className() == QString("frmSelectStore") ? 1 : 0; });
+    ui.answer(vb::No);  // no mail
+    w.menus.value("mnuExportStoreMap")->trigger();
+    EXPECT_EQ(ui.lastBox().prompt, "Would you like to mail Corner Shop to someone?");
+
+    // Manufacturer commands act on the selected manufacturer node.
+    rs.Open("SELECT * FROM Manufacturer", ConnectionMain(), adOpenStatic, adLockOptimistic);
+    rs.AddNew();
+    rs.setField("Name", "Acme");
+    rs.Update();
+    rs.Close();
+    w.LoadAllCoupons();
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* acme = panes.FindByKey(panes.coupons, "Acme");
+    ASSERT_NE(acme, nullptr);
+    w.SetCouponPopup(acme);
+    EXPECT_TRUE(Enabled(w, "mnuRenameManufacturer"));
+    EXPECT_FALSE(Enabled(w, "mnuPOPDeleteCoupon"));
+    w.tvCoupons->setCurrentIndex(acme->index());
+    ui.answerInput("Acme & Sons");
+    w.menus.value("mnuRenameManufacturer")->trigger();
+    EXPECT_NE(panes.FindByKey(panes.coupons, "Acme & Sons"), nullptr);
+    EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme"), nullptr);
+
+    w.tvCoupons->setCurrentIndex(panes.FindByKey(panes.coupons, "Acme & Sons")->index());
+    w.menus.value("mnuDeleteManufacturer")->trigger();  // no products: nothing to ask
+    EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme & Sons"), nullptr);
+}
+
+}  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Globals.h"
+#include "core/Values.h"
 #include "platform/Recordset.h"
 
 #include <QStringList>
@@ -33,7 +34,7 @@ inline QStringList Column(const QString& sql, const QString& field) {
     Recordset rs;
     rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
     QStringList out;
-    for (; !rs.IsEOF(); rs.MoveNext()) out << rs.Field(field).toString();
+    for (; !rs.IsEOF(); rs.MoveNext()) out << TextOf(rs.Field(field));
     return out;
 }
 

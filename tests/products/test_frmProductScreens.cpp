@@ -1,0 +1,182 @@
+#include "products/frmProductDetail.h"
+#include "products/frmProductListing.h"
+#include "products/frmProductNew.h"
+
+#include "core/MainPanes.h"
+#include "support/Rows.h"
+#include "support/TestEnv.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTreeWidget>
+
+namespace {
+
+class ProductScreensTest : public LarderTest {
+protected:
+    void SetUp() override {
+        LarderTest::SetUp();
+        MainPanes::Instance().ClearAll();
+    }
+    void TearDown() override {
+        MainPanes::Instance().ClearAll();
+        LarderTest::TearDown();
+    }
+    QStringList Lines(QTreeWidget* view) {
+        QStringList out;
+        for (int i = 0; i < view->topLevelItemCount(); ++i) {
+            QStringList cells;
+            for (int c = 0; c < view->columnCount(); ++c) cells << view->topLevelItem(i)->text(c);
+            out << cells.join("|");
+        }
+        return out;
+    }
+};
+
+TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
+    rows::Add("Store", {{"Name", "Aldi"}});
+    frmProductNew form;
+    EXPECT_EQ(form.windowTitle(), "New Product Entry");
+    EXPECT_EQ(form.cboManufacturer->currentText(), "<Enter or Select>");
+    EXPECT_EQ(form.cboStore->currentText(), "<Enter or Select>");
+
+    // A store chosen wants a cost.
+    form.cboStore->setCurrentText("Aldi");
+    ui.answer(vb::OK);
+    EXPECT_FALSE(form.txtCost_Validate());
+    EXPECT_EQ(ui.lastBox().prompt, "If a Store is selected, you must enter a cost for the item at that Store.");
+    EXPECT_EQ(form.cboStore->currentText(), "<Enter or Select>");
+
+    for (const QString& bad : {"1.2.3", "abc"}) {
+        form.txtCost->setText(bad);
+        ui.answer(vb::OK);
+        EXPECT_FALSE(form.txtCost_Validate());
+        EXPECT_EQ(ui.lastBox().prompt, "The Cost value must be a numeric value, but the '$' sign is allowed.");
+        EXPECT_EQ(ui.lastBox().title, "Cost Error");
+    }
+    form.txtCost->setText("$1234.5");
+    EXPECT_TRUE(form.txtCost_Validate());
+    EXPECT_EQ(form.txtCost->text(), "$1,234.50");
+
+    form.txtProduct->setText("Kid's \"Crunch\"");
+    form.cboCategory->setCurrentText("Cereal Bars");
+    form.cboManufacturer->setCurrentText("O'Neil");
+    form.cboStore->setCurrentText("Aldi");
+    form.chkCreateInventory->setChecked(true);
+    form.cmdAddProduct->click();
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Manufacturer"), QStringList({"O'Neil"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"1234.5"}));
+    EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [LastPurchasedDate] = #11/22/2026#"), 1);
+    EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemStore"), QStringList({"Aldi"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemListCost"), QStringList({"1234.5"}));
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Cereal Bars'"), 1);
+    EXPECT_EQ(rows::Column("SELECT * FROM Manufacturer", "Name"), QStringList({"O'Neil"}));
+    EXPECT_GE(form.cboManufacturer->findText("O'Neil"), 0);
+    // Cleared for the next one.
+    EXPECT_EQ(form.txtProduct->text(), "");
+    EXPECT_EQ(form.cboCategory->currentText(), "<Enter or Select>");
+    EXPECT_FALSE(form.chkCreateInventory->isChecked());
+
+    // No maker, no cost, no store: "Any" at 0, and no history.
+    form.txtProduct->setText("Salt");
+    form.cmdAddProduct->click();
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Manufacturer"), QStringList({"Any"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Cost"), QStringList({"0"}));
+    EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory"), 1);
+}
+
+TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
+    rows::Add("Store", {{"Name", "Kroger"}});
+    frmProductNew form;
+    form.cboManufacturer->setCurrentText("Kroger");
+    ui.answer(vb::Yes);
+    form.cboManufacturer_LostFocus();
+    EXPECT_EQ(ui.lastBox().prompt, "Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
+    EXPECT_EQ(ui.lastBox().title, "Set Store");
+    EXPECT_EQ(form.cboStore->currentText(), "Kroger");
+
+    form.cboStore->setCurrentText("Joe's Market");
+    ui.answer(vb::Yes);
+    form.cboStore_LostFocus();
+    EXPECT_EQ(ui.lastBox().prompt, "Would you like to add the Store Joe's Market to the database?");
+    EXPECT_EQ(ui.lastBox().title, "Add Store");
+    EXPECT_EQ(rows::Column("SELECT * FROM Store WHERE [Name] = 'Joe''s Market'", "isles"), QStringList({"1"}));
+}
+
+TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnConfirmation) {
+    rows::Add("Product", {{"Name", "Tea"}, {"Manufacturer", "Lipton"}, {"Size", "box"}, {"Category", "Drinks"}, {"lookout", true}});
+    rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Category", "Cereal"}});
+    rows::Add("Product", {{"Name", "Star*Fruit*"}, {"Manufacturer", "Any"}});
+    frmProductListing listing;
+    EXPECT_EQ(Lines(listing.lvProducts),
+              QStringList({"Oats|Quaker|tin|Cereal|No", "Star*Fruit*|Any|||No", "Tea|Lipton|box|Drinks|Yes"}));
+
+    // The stars of the search are plain characters to this database.
+    listing.txtSearch->setText("Fruit");
+    listing.cmdSearch_Click();
+    EXPECT_EQ(listing.lvProducts->topLevelItemCount(), 0);
+    EXPECT_EQ(listing.Query(), "SELECT * FROM Product WHERE [Name] LIKE '*Fruit*' ORDER BY [Name]");
+    listing.txtSearch->setText("");
+    listing.chkWatchOnly->setChecked(true);
+    listing.cmdSearch_Click();
+    EXPECT_EQ(listing.Query(), "SELECT * FROM Product WHERE [Name] LIKE '**' AND [LookOut] = True ORDER BY [Name]");
+
+    listing.LoadProducts();
+    listing.lvProducts->setCurrentItem(listing.lvProducts->topLevelItem(2));
+    ui.answer(vb::No);
+    listing.mnuDeleteItem_Click();
+    EXPECT_EQ(ui.lastBox().prompt, "This will permanently delete Tea. Do you want to Continue?");
+    EXPECT_EQ(listing.lvProducts->topLevelItemCount(), 3);
+    ui.answer(vb::Yes);
+    listing.mnuDeleteItem_Click();
+    EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [Name] = 'Tea'"), 0);
+    EXPECT_EQ(listing.lvProducts->topLevelItemCount(), 2);  // refreshed by the product's event
+
+    // Sorting toggles with each click on the same header.
+    listing.lvProducts_ColumnClick(1);
+    EXPECT_EQ(listing.lvProducts->topLevelItem(0)->text(1), "Any");
+    listing.lvProducts_ColumnClick(1);
+    EXPECT_EQ(listing.lvProducts->topLevelItem(0)->text(1), "Quaker");
+    EXPECT_FALSE(listing.Command("mnuAddItemToShopList")->isEnabled());
+    EXPECT_TRUE(listing.Command("mnuAddItemToInventory")->isEnabled());
+
+    frmProductListing oneMaker("Quaker");
+    EXPECT_EQ(oneMaker.lblIntro->text(),
+              "Below is a listing of all of the products that have ever been entered for Quaker into the database.");
+    EXPECT_EQ(Lines(oneMaker.lvProducts), QStringList({"Oats|Quaker|tin|Cereal|No"}));
+}
+
+TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
+    const qint32 id = rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Cost", "2.5"}});
+    rows::Add("SpendHistory", {{"ItemID", id}, {"ItemStore", "Aldi"}, {"ItemListCost", "2.39"}, {"ItemListDate", "11/01/2026"}});
+    frmProductDetail detail(id);
+    ASSERT_TRUE(detail.Found());
+    EXPECT_EQ(detail.txtCost->text(), "$2.50");
+    EXPECT_EQ(Lines(detail.lvPriceHistory), QStringList({"11/01/2026|Aldi||$2.39"}));
+
+    detail.txtCost->setText("-5");  // a number, so it stands
+    detail.txtSize->setText("big \"tin\"");
+    detail.cboCategory->setCurrentText("Breakfast");
+    EXPECT_TRUE(detail.cmdSave_Click());
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"-5"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Size"), QStringList({"big \"tin\""}));
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Breakfast'"), 1);
+
+    detail.txtCost->setText("$");
+    EXPECT_TRUE(detail.cmdSave_Click());
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"0"}));
+    detail.txtCost->setText("1.2.3");
+    ui.answer(vb::OK);
+    EXPECT_FALSE(detail.cmdSave_Click());
+    EXPECT_EQ(ui.lastBox().title, "Cost Error");
+
+    frmProductDetail gone(9999);
+    EXPECT_FALSE(gone.Found());
+    EXPECT_FALSE(gone.cmdSave->isEnabled());
+}
+
+}  // namespace
