@@ -1,3 +1,4 @@
+#include "platform/Clock.h"
 #include "core/frmMain.h"
 #include "platform/FirstStart.h"
 #include "platform/Ui.h"
@@ -5,6 +6,7 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
+    Clock::SettleTimeZone();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Larderkeep"));
     QString error;

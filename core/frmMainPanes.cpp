@@ -147,6 +147,8 @@ void frmMain::LoadCoupons() {
     QHash<QStandardItem*, QList<QStandardItem*>> children;
     QSet<QStandardItem*> expanded;
     bool pending = false;
+    const bool notify = Registry().CouponExpireNofication();
+    const qint16 warnDays = Registry().CouponExpireDays();
     rs.Open(QStringLiteral("SELECT * FROM COUPONS"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
     while (!rs.IsEOF()) {
         const QString maker = TextOf(rs.Field(QStringLiteral("Manufacturer")));
@@ -170,7 +172,7 @@ void frmMain::LoadCoupons() {
         // an ordinary one rather than stopping the pane.
         const QString expiration = TextOf(rs.Field(QStringLiteral("Expiration")));
         if (expiration == QLatin1String("Never") || IsDate(expiration)) {
-            const clsCoupon::Expiry expiry = clsCoupon::CheckExpiry(expiration, pending);
+            const clsCoupon::Expiry expiry = clsCoupon::CheckExpiry(expiration, notify, warnDays, pending);
             node->setData(expiry.imageKey, MainPanes::ImageKeyRole);
             if (expiry.expired) {
                 node->setText(node->text() + QStringLiteral(" (Expired)"));

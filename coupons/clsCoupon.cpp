@@ -323,10 +323,14 @@ void clsCoupon::UpdateCoupons(const QString& manufacturer, const QString& produc
 qint32 clsCoupon::GetPendingExpirations() { return 0; }
 
 clsCoupon::Expiry clsCoupon::CheckExpiry(const QString& expiration, bool& pending) {
+    return CheckExpiry(expiration, Registry().CouponExpireNofication(), Registry().CouponExpireDays(), pending);
+}
+
+clsCoupon::Expiry clsCoupon::CheckExpiry(const QString& expiration, bool notify, qint16 days, bool& pending) {
     Expiry result{QStringLiteral("Coupon"), false};
     if (expiration == QLatin1String("Never")) return result;
     const qint64 d = DateDiff(QStringLiteral("d"), QDateTime(Clock::Today(), QTime()), CDate(expiration));
-    if (Registry().CouponExpireNofication() && d < Registry().CouponExpireDays()) {
+    if (notify && d < days) {
         result.imageKey = QStringLiteral("CouponExpire");
         pending = true;
     }

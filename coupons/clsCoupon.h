@@ -67,6 +67,8 @@ public:
         bool expired = false;
     };
     static Expiry CheckExpiry(const QString& expiration, bool& pending);
+    // The same with the two settings read once by a caller walking many coupons.
+    static Expiry CheckExpiry(const QString& expiration, bool notify, qint16 days, bool& pending);
     // After the last coupon: what the settings say to do when one was pending.
     // Returns true when the purge dialog is to be offered at start.
     static bool ExpireAction(bool pending);

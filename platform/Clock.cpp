@@ -1,5 +1,7 @@
 #include "platform/Clock.h"
 
+#include <ctime>
+
 namespace {
 QDateTime g_pinned;
 }
@@ -10,5 +12,12 @@ QDateTime Now() { return g_pinned.isValid() ? g_pinned : QDateTime::currentDateT
 QDate Today() { return Now().date(); }
 void Pin(const QDateTime& when) { g_pinned = when; }
 void Unpin() { g_pinned = QDateTime(); }
+
+void SettleTimeZone() {
+    if (qEnvironmentVariableIsEmpty("TZ")) {
+        qputenv("TZ", ":/etc/localtime");
+        tzset();
+    }
+}
 
 }  // namespace Clock

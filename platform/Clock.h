@@ -10,4 +10,8 @@ QDateTime Now();
 QDate Today();
 void Pin(const QDateTime& when);
 void Unpin();
+// Called once before anything else: with no TZ set, the C library looks at
+// the zone file again for every local time it works out, which makes a walk
+// over thousands of dates spend its time in the file system.
+void SettleTimeZone();
 }  // namespace Clock

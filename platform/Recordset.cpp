@@ -278,7 +278,7 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
 
     // Narrow results gain nothing from stepping keys alone; computed or
     // repeated columns could not be read back by name from the base table.
-    bool keyed = hasRowid_ && columns_.size() >= kKeyedMinColumns;
+    bool keyed = fetchByKey_ && hasRowid_ && columns_.size() >= kKeyedMinColumns;
     QSet<QString> names;
     for (const Column& c : columns_) {
         keyed = keyed && !c.origin.isEmpty();

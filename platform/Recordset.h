@@ -25,6 +25,13 @@ public:
     void Close();
     bool IsOpen() const { return db_ != nullptr; }
 
+    // For a cursor that is walked to find a few rows among many: wide results
+    // are then stepped by key alone and a column read row after row is loaded
+    // in one pass, so the walk never reads whole records it passes over.
+    // Whole-table walks that read most columns are faster without it. Kept
+    // across Open and Close.
+    void FetchByKey(bool on) { fetchByKey_ = on; }
+
     bool IsBOF() const;
     bool IsEOF() const;
     qint32 RecordCount();
@@ -107,10 +114,10 @@ private:
     mutable std::array<std::pair<QString, int>, 8> recent_;
     mutable int recentNext_ = 0;
 
-    // Wide single-table results step only their rowids; a row's cells are read
-    // when the row is looked at, and a column read row after row is loaded for
-    // the whole result in one pass. Walking ten thousand recipes to compare
-    // titles then costs a title scan, not ten thousand full records.
+    // By key (FetchByKey), wide single-table results step only their rowids; a
+    // row's cells are read when the row is looked at, and a column read row
+    // after row is loaded for the whole result in one pass.
+    bool fetchByKey_ = false;
     bool keyed_ = false;
     QString withRowid_;
     QString keyOrder_;

@@ -52,8 +52,9 @@ QString MissingRecord() { return Err::NoCurrentRecord; }
 }  // namespace
 
 clsRecipies::clsRecipies() {
-    // A snapshot of every recipe by title; Display walks it.
+    // A snapshot of every recipe by title; Display walks it to find one.
     try {
+        rs_.FetchByKey(true);
         rs_.Open(QStringLiteral("SELECT * FROM Recipie ORDER BY [Title];"), ConnectionMain(), adOpenKeyset,
                  adLockOptimistic);
     } catch (const std::exception& e) {
