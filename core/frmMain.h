@@ -26,6 +26,8 @@ class frmSplash;
 
 // The one permanent window: six panes over the household's data, the menus
 // and toolbars that reach every screen, and the start and close of the program.
+class Report;
+
 class frmMain : public QMainWindow {
     Q_OBJECT
 public:
@@ -174,6 +176,9 @@ private:
     void Connect(const QString& name, const std::function<void()>& run);
     void ConnectScreens();
     void ConnectStoreAndProductScreens();
+    // Shows or prints a report as the settings say, and keeps its HTML copy
+    // under `copyName` in the report folder when asked to.
+    void PrintReport(const Report& report, const QString& copyName, bool showPrintDialog);
     // The manufacturer of the coupon pane's selected node, "" without one.
     QString SelectedManufacturer() const;
     void Status(const QString& text);

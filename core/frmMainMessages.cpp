@@ -198,6 +198,16 @@ void frmMain::mnuDeleteMessage_Click() {
     });
 }
 
+void frmMain::PrintReport(const Report& report, const QString& copyName, bool showPrintDialog) {
+    if (Registry().AlwaysPrintPreview()) report.Preview(this);
+    else report.Print(this, showPrintDialog);
+    if (Registry().SaveReportCopy()) {
+        const QString path = QDir(Registry().SaveReportDirectory()).filePath(copyName);
+        if (!report.SaveHtml(path)) throw RuntimeError(QStringLiteral("Path/File access error"));
+        LastReportFile = path;
+    }
+}
+
 void frmMain::mnuPrintMessage_Click() {
     Trap(QStringLiteral("frmMain.mnuPrintMessage"), [&] {
         const QModelIndex current = lvMessageCenter->currentIndex();
@@ -205,13 +215,6 @@ void frmMain::mnuPrintMessage_Click() {
         if (!item) return;
         rptMessage layout;
         layout.MessageTitle = item->text();
-        const Report report = layout.Build();
-        if (Registry().AlwaysPrintPreview()) report.Preview(this);
-        else report.Print(this, false);
-        if (Registry().SaveReportCopy()) {
-            const QString path = QDir(Registry().SaveReportDirectory()).filePath(QStringLiteral("Message.htm"));
-            if (!report.SaveHtml(path)) throw RuntimeError(QStringLiteral("Path/File access error"));
-            LastReportFile = path;
-        }
+        PrintReport(layout.Build(), QStringLiteral("Message.htm"), false);
     });
 }

@@ -45,16 +45,8 @@ void frmMain::ConnectStoreAndProductScreens() {
     Connect(QStringLiteral("mnuEditProductDetail"), listing);
     Connect(QStringLiteral("mnuExportProduct"), [] { clsProduct().ExportList(); });
     Connect(QStringLiteral("mnuPrintProductList"), [this] {
-        Trap(QStringLiteral("frmMain.mnuPrintProductList"), [&] {
-            const Report report = deLarderkeep::cmProducts();
-            if (Registry().AlwaysPrintPreview()) report.Preview(this);
-            else report.Print(this, true);
-            if (Registry().SaveReportCopy()) {
-                const QString path = QDir(Registry().SaveReportDirectory()).filePath(QStringLiteral("Products.htm"));
-                if (!report.SaveHtml(path)) throw RuntimeError(QStringLiteral("Path/File access error"));
-                LastReportFile = path;
-            }
-        });
+        Trap(QStringLiteral("frmMain.mnuPrintProductList"),
+             [&] { PrintReport(deLarderkeep::cmProducts(), QStringLiteral("Products.htm"), true); });
     });
 
     Connect(QStringLiteral("mnuAddNewStore"), [] {

@@ -2,6 +2,7 @@
 
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/frmMain.h"
 #include "core/modBarcode.h"
@@ -11,16 +12,6 @@
 namespace {
 
 const QString kCrLf = QStringLiteral("\r\n");
-
-void RenameIn(const QString& sql, const QString& column, const QString& newName) {
-    Recordset r;
-    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
-    while (!r.IsEOF()) {
-        r.setField(column, newName);
-        r.Update();
-        r.MoveNext();
-    }
-}
 
 }  // namespace
 
@@ -53,10 +44,10 @@ bool clsManufacturer::WriteNew() {
 void clsManufacturer::RenameManufacturer(const QString& oldName, const QString& newName) {
     Trap(QStringLiteral("Manufacturer.RenameManufacturer"), [&] {
         const QString old = SqlText(oldName);
-        RenameIn(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
-        RenameIn(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
+        SetEveryRow(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
+        SetEveryRow(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
                  newName);
-        RenameIn(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
+        SetEveryRow(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
                  newName);
     });
 }
@@ -80,14 +71,8 @@ bool clsManufacturer::DeleteManufacturer(const QString& name) {
                 if (answer == vb::Yes) {
                     // The history is looked up by its own key, not by ItemID;
                     // that is how the clean-up has always matched.
-                    Recordset history;
-                    history.Open(QStringLiteral("Select * FROM SpendHistory WHERE [SpendID] = ") +
-                                     QString::number(CLng(products.Field(QStringLiteral("ID")))),
-                                 ConnectionMain(), adOpenKeyset, adLockOptimistic);
-                    while (!history.IsEOF()) {
-                        history.Delete();
-                        history.MoveNext();
-                    }
+                    DeleteEveryRow(QStringLiteral("Select * FROM SpendHistory WHERE [SpendID] = ") +
+                                   QString::number(CLng(products.Field(QStringLiteral("ID")))));
                     products.Delete();
                 } else {
                     products.setField(QStringLiteral("Manufacturer"), QStringLiteral("Any"));
@@ -98,15 +83,8 @@ bool clsManufacturer::DeleteManufacturer(const QString& name) {
         }
         products.Close();
 
-        for (const QString& sql : {QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + key,
-                                   QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + key}) {
-            Recordset r;
-            r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
-            while (!r.IsEOF()) {
-                r.Delete();
-                r.MoveNext();
-            }
-        }
+        DeleteEveryRow(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + key);
+        DeleteEveryRow(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + key);
         return true;
     });
 }

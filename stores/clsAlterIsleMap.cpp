@@ -2,6 +2,7 @@
 
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/modVerify.h"
 
@@ -34,14 +35,6 @@ bool clsAlterIsleMap::AlternateMapExists() {
 
 bool clsAlterIsleMap::DeleteAlterMap() {
     return Trap(QStringLiteral("AlterIsleMap.DeleteAlterMap"), false, [&] {
-        Recordset r;
-        r.Open(MembersQuery(), ConnectionMain(), adOpenKeyset, adLockOptimistic);
-        bool any = false;
-        while (!r.IsEOF()) {
-            r.Delete();
-            any = true;
-            r.MoveNext();
-        }
-        return any;
+        return DeleteEveryRow(MembersQuery()) > 0;
     });
 }

@@ -2,6 +2,7 @@
 
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
@@ -58,43 +59,19 @@ QString clsItemCategory::SuggestItemCategory(QString item) {
 
 bool clsItemCategory::RemoveCategory(const QString& name) {
     return Trap(QStringLiteral("ItemCategory.RemoveCategory"), false, [&] {
-        Recordset r;
-        r.Open(QStringLiteral("SELECT * FROM Product WHERE [Category] = ") + SqlText(name), ConnectionMain(),
-               adOpenKeyset, adLockOptimistic);
-        while (!r.IsEOF()) {
-            r.setField(QStringLiteral("Category"), QStringLiteral("None"));
-            r.Update();
-            r.MoveNext();
-        }
-        r.Close();
-        r.Open(QStringLiteral("SELECT * FROM ItemCategory WHERE [Name] = ") + SqlText(name), ConnectionMain(),
-               adOpenKeyset, adLockOptimistic);
-        while (!r.IsEOF()) {
-            r.Delete();
-            r.MoveNext();
-        }
+        SetEveryRow(QStringLiteral("SELECT * FROM Product WHERE [Category] = ") + SqlText(name),
+                    QStringLiteral("Category"), QStringLiteral("None"));
+        DeleteEveryRow(QStringLiteral("SELECT * FROM ItemCategory WHERE [Name] = ") + SqlText(name));
         return true;
     });
 }
 
 bool clsItemCategory::RenameCategory(const QString& oldName, const QString& newName) {
     return Trap(QStringLiteral("ItemCategory.RenameCategory"), false, [&] {
-        Recordset r;
-        r.Open(QStringLiteral("SELECT * FROM Product WHERE [Category] = ") + SqlText(oldName), ConnectionMain(),
-               adOpenKeyset, adLockOptimistic);
-        while (!r.IsEOF()) {
-            r.setField(QStringLiteral("Category"), newName);
-            r.Update();
-            r.MoveNext();
-        }
-        r.Close();
-        r.Open(QStringLiteral("SELECT * FROM ItemCategory WHERE [Name] = ") + SqlText(oldName), ConnectionMain(),
-               adOpenKeyset, adLockOptimistic);
-        while (!r.IsEOF()) {
-            r.setField(QStringLiteral("Name"), newName);
-            r.Update();
-            r.MoveNext();
-        }
+        SetEveryRow(QStringLiteral("SELECT * FROM Product WHERE [Category] = ") + SqlText(oldName),
+                    QStringLiteral("Category"), newName);
+        SetEveryRow(QStringLiteral("SELECT * FROM ItemCategory WHERE [Name] = ") + SqlText(oldName),
+                    QStringLiteral("Name"), newName);
         return true;
     });
 }

@@ -2,6 +2,7 @@
 
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
@@ -15,30 +16,6 @@
 
 #include <QDir>
 #include <QFile>
-
-namespace {
-
-// Sets one column on every row of a query, one row at a time.
-void SetEveryRow(const QString& sql, const QString& column, const QVariant& value) {
-    Recordset r;
-    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
-    while (!r.IsEOF()) {
-        r.setField(column, value);
-        r.Update();
-        r.MoveNext();
-    }
-}
-
-void DeleteEveryRow(const QString& sql) {
-    Recordset r;
-    r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
-    while (!r.IsEOF()) {
-        r.Delete();
-        r.MoveNext();
-    }
-}
-
-}  // namespace
 
 QString clsStore::Name() { return TextOf(rs.Field(QStringLiteral("Name"))); }
 

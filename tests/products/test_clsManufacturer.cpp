@@ -10,14 +10,6 @@ namespace {
 
 class ManufacturerTest : public LarderTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        MainPanes::Instance().ClearAll();
-    }
-    void TearDown() override {
-        MainPanes::Instance().ClearAll();
-        LarderTest::TearDown();
-    }
     // The three products, their histories and a coupon of one maker.
     void Household() {
         for (const char* name : {"Oats", "Bran"}) {

@@ -18,14 +18,6 @@ namespace {
 
 class ProductScreensTest : public LarderTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        MainPanes::Instance().ClearAll();
-    }
-    void TearDown() override {
-        MainPanes::Instance().ClearAll();
-        LarderTest::TearDown();
-    }
     QStringList Lines(QTreeWidget* view) {
         QStringList out;
         for (int i = 0; i < view->topLevelItemCount(); ++i) {

@@ -1,5 +1,6 @@
 #include "support/TestEnv.h"
 
+#include "core/MainPanes.h"
 #include "core/Globals.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
@@ -38,6 +39,8 @@ void LarderTest::SetUp() {
     ConnectionMain().Open(HomeFile(QStringLiteral("Larderkeep.mdb")));
 
     Clock::Pin(QDateTime(QDate(2026, 11, 22), QTime(10, 0, 0)));
+    // The panes outlive a test like the program's own objects; each test starts bare.
+    MainPanes::Instance().ClearAll();
     ui.onUnexpected = [](const ScriptedUi::Interaction& box) {
         ADD_FAILURE() << "Unexpected " << box.kind.toStdString() << ": \"" << box.prompt.toStdString()
                       << "\" titled \"" << box.title.toStdString() << "\"";
@@ -52,6 +55,7 @@ void LarderTest::SetUp() {
 }
 
 void LarderTest::TearDown() {
+    MainPanes::Instance().ClearAll();
     ConnectionMain().Close();
     SetUi(nullptr);
     Clock::Unpin();
