@@ -1,9 +1,11 @@
 #include "core/TableRows.h"
 
 #include "core/Globals.h"
+#include "platform/Database.h"
 #include "platform/Recordset.h"
 
 void SetEveryRow(const QString& sql, const QString& column, const QVariant& value) {
+    WriteBatch batch(ConnectionMain());
     Recordset r;
     r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
     for (; !r.IsEOF(); r.MoveNext()) {
@@ -13,6 +15,7 @@ void SetEveryRow(const QString& sql, const QString& column, const QVariant& valu
 }
 
 int DeleteEveryRow(const QString& sql) {
+    WriteBatch batch(ConnectionMain());
     Recordset r;
     r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
     int deleted = 0;

@@ -130,6 +130,7 @@ void Database::Close() {
     if (!db_) return;
     FinalizeCache();
     tables_.clear();
+    transDepth_ = 0;
     // close_v2 lets recordsets still open finish with their statements.
     sqlite3_close_v2(db_);
     db_ = nullptr;
@@ -138,6 +139,25 @@ void Database::Close() {
 void Database::FinalizeCache() {
     for (sqlite3_stmt* st : std::as_const(statements_)) sqlite3_finalize(st);
     statements_.clear();
+}
+
+void Database::BeginTrans() {
+    if (!db_) throw DbError(Err::ClosedRecordset);
+    if (transDepth_++ == 0 && sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK) {
+        transDepth_ = 0;
+        ThrowLastError();
+    }
+}
+
+void Database::CommitTrans() {
+    if (!db_ || transDepth_ == 0) return;
+    if (--transDepth_ == 0 && sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) ThrowLastError();
+}
+
+void Database::RollbackTrans() {
+    if (!db_ || transDepth_ == 0) return;
+    transDepth_ = 0;
+    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void Database::WritesFinished(int count) {

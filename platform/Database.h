@@ -54,6 +54,12 @@ public:
     QString ConnectionString() const { return connectionString_; }
     void ConnectionString(const QString& text) { connectionString_ = text; }
 
+    // Many writes as one: a bulk clean-up commits once instead of row by row.
+    // Nesting is counted; only the outermost pair begins and commits.
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+
     // Runs a trusted script (template building); never for text built from user data.
     void ExecScript(const QString& sql);
 
@@ -88,7 +94,27 @@ private:
     QString path_;
     QString connectionString_;
     bool guard_ = false;
+    int transDepth_ = 0;
     int writesSinceCheckpoint_ = 0;
     QHash<QString, std::shared_ptr<TableInfo>> tables_;
     QHash<QString, sqlite3_stmt*> statements_;
+};
+
+// The writes of a scope committed together when it ends, whatever path it
+// ends by: only speed is sought, so what was written stays written.
+class WriteBatch {
+public:
+    explicit WriteBatch(Database& db) : db_(db) { db_.BeginTrans(); }
+    ~WriteBatch() {
+        try {
+            db_.CommitTrans();
+        } catch (...) {
+            db_.RollbackTrans();
+        }
+    }
+    WriteBatch(const WriteBatch&) = delete;
+    WriteBatch& operator=(const WriteBatch&) = delete;
+
+private:
+    Database& db_;
 };

@@ -7,6 +7,7 @@
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
 #include "platform/Clock.h"
+#include "platform/Database.h"
 #include "platform/Ui.h"
 
 namespace {
@@ -56,6 +57,7 @@ void clsSpendHistory::PurgeExpired(int mode, qint32 itemID, bool& result) {
             MsgBox(QStringLiteral("That Product has a Cost History, are you certain that you wish to delete it?"),
                    vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2, QStringLiteral("Delete Product")) == vb::No)
             return;
+        WriteBatch batch(ConnectionMain());
         while (!r.IsEOF()) {
             r.Delete();
             r.MoveNext();

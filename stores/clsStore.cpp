@@ -6,6 +6,7 @@
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
+#include "platform/Database.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RuntimeError.h"
 #include "platform/Ui.h"
@@ -176,6 +177,7 @@ void clsStore::ImportStoreFile(const QString& path) {
                    QStringLiteral("File Problem"));
             return;
         }
+        WriteBatch batch(ConnectionMain());
         clsItemCategory categories;
         for (const StoreMapFile::Record& record : records) {
             if (!Exists(record.store)) {

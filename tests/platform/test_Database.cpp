@@ -371,6 +371,27 @@ TEST_F(DatabaseTest, LongWalksOverWideRowsReadTheRowTheyAreOn) {
     EXPECT_TRUE(rs.Field("Instructions").isNull());
 }
 
+TEST_F(DatabaseTest, BatchedWritesCommitOnceWhenTheOutermostBatchEnds) {
+    Database other;
+    other.Open(HomeFile("Larderkeep.mdb"));
+    auto seenByOther = [&] {
+        Recordset rs;
+        rs.Open("SELECT * FROM Store", other, adOpenKeyset, adLockReadOnly);
+        return rs.RecordCount();
+    };
+    {
+        WriteBatch outer(db());
+        {
+            WriteBatch inner(db());
+            AddRow("Store", {{"Name", "Aldi"}});
+        }
+        AddRow("Store", {{"Name", "Lidl"}});
+        EXPECT_EQ(seenByOther(), 0);
+        EXPECT_EQ(Column("SELECT * FROM Store", "Name"), QStringList({"Aldi", "Lidl"}));
+    }
+    EXPECT_EQ(seenByOther(), 2);
+}
+
 class DatabaseFileTest : public LarderTest {};
 
 TEST_F(DatabaseFileTest, FilesThatAreNotUsableDatabasesAreRefusedAndLeftUntouched) {
