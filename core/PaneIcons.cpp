@@ -84,7 +84,7 @@ void Draw(QPainter& p, const QString& key) {
         Ticket(p, QColor(60, 160, 90));
     } else if (key == QLatin1String("CouponExpire")) {
         Ticket(p, QColor(210, 60, 50));
-    } else if (key == QLatin1String("Manufacturer")) {
+    } else if (key == QLatin1String("Manufacturer") || key == QLatin1String("Root")) {
         p.setPen(QPen(QColor(80, 80, 90), 1));
         p.setBrush(QColor(170, 175, 190));
         QPolygonF roof;
@@ -183,7 +183,7 @@ void Draw(QPainter& p, const QString& key) {
 bool Known(const QString& key) {
     static const QStringList keys = {
         "Recipe", "Recipe Title", "RecipeFavorite", "RecipeCompare", "RecipeCompareFavorite", "RecipeCategory",
-        "Recipies", "Cookbook", "Coupons", "Coupon", "Product", "CouponExpire", "Manufacturer", "Meal", "Meals",
+        "Recipies", "Cookbook", "Coupons", "Coupon", "Product", "CouponExpire", "Manufacturer", "Root", "Meal", "Meals",
         "MealFavorite", "Recipie", "Reminder", "Message", "Item", "Delivery", "Inventory", "RecurringLists",
         "IsleMap", "ItemCategory", "RecipeCat", "Nutrition", "ShopList"};
     return keys.contains(key);

@@ -153,6 +153,7 @@ int Seed() {
         {"General Mills", "Cheerios", "18 oz", "1", "0.75", 20},  {"General Mills", "Yoplait", "6 oz", "4", "1.00", 12},
         {"Kraft", "Mac & Cheese", "7.25 oz", "3", "0.50", 40},    {"Kraft", "Shredded Cheese", "8 oz", "1", "0.55", 30},
         {"Barilla", "Spaghetti", "16 oz", "2", "1.00", 25},       {"Folgers", "Classic Roast", "30 oz", "1", "2.00", 60},
+        {"Kraft", "Cream Cheese", "8 oz", "1", "0.75", 3},        {"Barilla", "Pesto", "6 oz", "1", "0.50", -2},
     };
     for (const C& c : coupons) {
         Add("Coupons", {{"Manufacturer", c.maker}, {"Product", c.product}, {"Size", c.size}, {"Quantity", c.qty},
@@ -169,6 +170,10 @@ int Seed() {
     r.ExpandRecipeList(true);
     r.BackupReminder(false);
     r.CheckForUpgrade(3);
+    // Coupons near their date and past it show as such; the purge is only offered.
+    r.CouponExpireNofication(true);
+    r.CouponExpireDays(7);
+    r.CouponExpiredAction(2);
     r.SetValue("Settings", "Show Tips at Startup", "0");
     ConnectionMain().Close();
     return 0;
