@@ -51,11 +51,6 @@ void EmitGroups(Report& report, const QList<ShapedRow>& rows, const QList<int>& 
     }
 }
 
-QString Quoted(QString text) {
-    QuoteSql(text);
-    return QLatin1Char('\'') + text + QLatin1Char('\'');
-}
-
 const QList<ReportField> kListFields = {
     {QStringLiteral("Item"), QStringLiteral("ItemName")},
     {QStringLiteral("Quantity"), QStringLiteral("ItemQuantity"), QString(), Qt::AlignRight},
@@ -123,7 +118,7 @@ Report cmShoppingList() {
 Report cmShoplistGeneric(const QString& listName) {
     Report report = Shaped(listName,
                            QStringLiteral("SELECT * FROM Shoplist WHERE [Name] = %1 ORDER BY [ItemStyle], [ItemName]")
-                               .arg(Quoted(listName)),
+                               .arg(SqlText(listName)),
                            {QStringLiteral("ItemStyle")}, kListFields);
     return report;
 }
@@ -131,7 +126,7 @@ Report cmShoplistGeneric(const QString& listName) {
 Report cmShoplistByIsle(const QString& storeName) {
     Report report = Shaped(QStringLiteral("Shopping List by Isle"),
                            QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
-                               .arg(Quoted(storeName)),
+                               .arg(SqlText(storeName)),
                            {QStringLiteral("ShopIsle"), QStringLiteral("ItemStyle")}, kListFields);
     report.AddHeading(storeName);
     return report;
@@ -167,7 +162,7 @@ Report cmMessages(const QString& messageTitle) {
     Database connection;
     connection.Open(Registry().DatabasePath());
     Recordset rs;
-    rs.Open(QStringLiteral("SELECT * FROM Messages WHERE [Title] = %1").arg(Quoted(messageTitle)), connection,
+    rs.Open(QStringLiteral("SELECT * FROM Messages WHERE [Title] = %1").arg(SqlText(messageTitle)), connection,
             adOpenForwardOnly, adLockReadOnly);
     Report report(messageTitle);
     while (!rs.IsEOF()) {
