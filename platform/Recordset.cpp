@@ -279,22 +279,26 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
     // Narrow results gain nothing from stepping keys alone; computed or
     // repeated columns could not be read back by name from the base table.
     bool keyed = fetchByKey_ && hasRowid_ && columns_.size() >= kKeyedMinColumns;
-    QSet<QString> names;
-    for (const Column& c : columns_) {
-        keyed = keyed && !c.origin.isEmpty();
-        names.insert(c.name.toLower());
+    if (keyed) {
+        QSet<QString> names;
+        for (const Column& c : columns_) {
+            keyed = keyed && !c.origin.isEmpty();
+            names.insert(c.name.toLower());
+        }
+        keyed = keyed && names.size() == qsizetype(columns_.size());
     }
-    keyed = keyed && names.size() == qsizetype(columns_.size());
-    QString refused;
-    // Unordered, the full statement reads the table in its own order; alone,
-    // the keys would come from whichever index is smallest.
-    static const QRegularExpression orderRe(QStringLiteral("\\bORDER\\s+BY\\b"),
-                                            QRegularExpression::CaseInsensitiveOption);
-    if (!orderRe.match(withRowid_).hasMatch()) keyOrder_ = QStringLiteral(" ORDER BY ") + kRowidAlias;
-    sqlite3_stmt* keys = keyed ? db.PrepareQuery(QStringLiteral("SELECT ") + kRowidAlias + QStringLiteral(" FROM (") +
-                                                     withRowid_ + QLatin1Char(')') + keyOrder_,
-                                                 &refused)
-                               : nullptr;
+    sqlite3_stmt* keys = nullptr;
+    if (keyed) {
+        // Unordered, the full statement reads the table in its own order;
+        // alone, the keys would come from whichever index is smallest.
+        static const QRegularExpression orderRe(QStringLiteral("\\bORDER\\s+BY\\b"),
+                                                QRegularExpression::CaseInsensitiveOption);
+        if (!orderRe.match(withRowid_).hasMatch()) keyOrder_ = QStringLiteral(" ORDER BY ") + kRowidAlias;
+        QString refused;
+        keys = db.PrepareQuery(QStringLiteral("SELECT ") + kRowidAlias + QStringLiteral(" FROM (") + withRowid_ +
+                                   QLatin1Char(')') + keyOrder_,
+                               &refused);
+    }
     if (keys) {
         sqlite3_finalize(stmt_);
         stmt_ = keys;
