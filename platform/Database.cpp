@@ -141,12 +141,11 @@ void Database::FinalizeCache() {
     statements_.clear();
 }
 
-void Database::BeginTrans() {
-    if (!db_) throw DbError(Err::ClosedRecordset);
-    if (transDepth_++ == 0 && sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK) {
-        transDepth_ = 0;
-        ThrowLastError();
-    }
+bool Database::BeginTrans() {
+    if (!db_) return false;
+    if (transDepth_ == 0 && sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK) return false;
+    ++transDepth_;
+    return true;
 }
 
 void Database::CommitTrans() {

@@ -55,8 +55,9 @@ public:
     void ConnectionString(const QString& text) { connectionString_ = text; }
 
     // Many writes as one: a bulk clean-up commits once instead of row by row.
-    // Nesting is counted; only the outermost pair begins and commits.
-    void BeginTrans();
+    // Nesting is counted; only the outermost pair begins and commits. False
+    // when no transaction could begin; the writes then commit one by one.
+    bool BeginTrans();
     void CommitTrans();
     void RollbackTrans();
 
@@ -104,8 +105,9 @@ private:
 // ends by: only speed is sought, so what was written stays written.
 class WriteBatch {
 public:
-    explicit WriteBatch(Database& db) : db_(db) { db_.BeginTrans(); }
+    explicit WriteBatch(Database& db) : db_(db), began_(db.BeginTrans()) {}
     ~WriteBatch() {
+        if (!began_) return;
         try {
             db_.CommitTrans();
         } catch (...) {
@@ -117,4 +119,5 @@ public:
 
 private:
     Database& db_;
+    bool began_;
 };
