@@ -1,8 +1,7 @@
 #include "MessageRows.h"
 #include "core/MainPanes.h"
 #include "messages/clsMessages.h"
-#include "publish/clsCommunications.h"
-#include "support/TestEnv.h"
+#include "support/MailCapture.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,23 +9,8 @@
 
 namespace {
 
-class MessagesTest : public LarderTest {
+class MessagesTest : public MailCaptureTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        MainPanes::Instance().ClearAll();
-        oldTmp_ = qgetenv("TMPDIR");
-        qputenv("TMPDIR", QFile::encodeName(Home()));
-        clsCommunications::SetLinkOpener([this](const QString& link) {
-            links << link;
-            return true;
-        });
-    }
-    void TearDown() override {
-        clsCommunications::SetLinkOpener({});
-        qputenv("TMPDIR", oldTmp_);
-        LarderTest::TearDown();
-    }
     static void PaneRow(const QString& title) {
         MainPanes::Instance().messages.appendRow(MainPanes::MakeNode(QString(), title));
     }
@@ -42,11 +26,6 @@ protected:
         EXPECT_EQ(ui.lastBox().prompt, "Error: " + description + " (Occurred in " + label + ")");
         ui.clear();
     }
-
-    QStringList links;
-
-private:
-    QByteArray oldTmp_;
 };
 
 TEST_F(MessagesTest, TheFirstMessageEverWrittenLosesItsBodyAndLaterOnesKeepTheirs) {

@@ -1,37 +1,17 @@
 #include "publish/clsCalendar.h"
-#include "publish/clsCommunications.h"
-#include "support/TestEnv.h"
+#include "support/MailCapture.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace {
 
-class CalendarTest : public LarderTest {
+class CalendarTest : public MailCaptureTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        oldTmp_ = qgetenv("TMPDIR");
-        qputenv("TMPDIR", QFile::encodeName(Home()));
-        clsCommunications::SetLinkOpener([this](const QString& link) {
-            links << link;
-            return true;
-        });
-    }
-    void TearDown() override {
-        clsCommunications::SetLinkOpener({});
-        qputenv("TMPDIR", oldTmp_);
-        LarderTest::TearDown();
-    }
     static QByteArray Read(const QString& path) {
         QFile f(path);
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
-
-    QStringList links;
-
-private:
-    QByteArray oldTmp_;
 };
 
 TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) {

@@ -1,23 +1,8 @@
-#include "publish/clsCommunications.h"
-#include "support/TestEnv.h"
+#include "support/MailCapture.h"
 
 namespace {
 
-class MailTest : public LarderTest {
-protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        clsCommunications::SetLinkOpener([this](const QString& link) {
-            links << link;
-            return true;
-        });
-    }
-    void TearDown() override {
-        clsCommunications::SetLinkOpener({});
-        LarderTest::TearDown();
-    }
-    QStringList links;
-};
+class MailTest : public MailCaptureTest {};
 
 TEST_F(MailTest, TheLinkTakesOnlyThePartsGivenInItsFixedOrder) {
     clsCommunications mail;

@@ -1,29 +1,16 @@
 #include "stores/clsStore.h"
 
 #include "core/clsRegistry.h"
-#include "publish/clsCommunications.h"
+#include "support/MailCapture.h"
 #include "support/Rows.h"
-#include "support/TestEnv.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace {
 
-class StoreTest : public LarderTest {
+class StoreTest : public MailCaptureTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        clsCommunications::SetLinkOpener([this](const QString& link) {
-            links << link;
-            return true;
-        });
-    }
-    void TearDown() override {
-        clsCommunications::SetLinkOpener({});
-        LarderTest::TearDown();
-    }
-
     void Map(const QString& store, const QString& category, const QString& isle, int order) {
         rows::Add("IsleMap", {{"Store", store}, {"ItemCategory", category}, {"Isle", isle}, {"IsleOrder", order}});
     }
@@ -43,8 +30,6 @@ protected:
                        rs.Field("Isle").toString() + "/" + rs.Field("IsleOrder").toString();
         return out;
     }
-
-    QStringList links;
 };
 
 TEST_F(StoreTest, UpdateStoreWritesOnlyTheOneRowOfItsName) {
