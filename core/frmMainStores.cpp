@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QStandardItem>
 #include <QTreeView>
+#include <functional>
 #include <memory>
 
 QString frmMain::SelectedManufacturer() const {
@@ -49,30 +50,31 @@ void frmMain::ConnectStoreAndProductScreens() {
              [&] { PrintReport(deLarderkeep::cmProducts(), QStringLiteral("Products.htm"), true); });
     });
 
-    Connect(QStringLiteral("mnuAddNewStore"), [] {
-        const QString name = InputBox(QStringLiteral("What is the name of the new Store?"), QStringLiteral("Add Store"))
-                                 .trimmed();
-        if (name.isEmpty()) return;
-        clsStore store;
-        if (store.Exists(name)) {
+    // A new store or category is named in an input box; a name already on file is refused.
+    auto askNewName = [](const QString& prompt, const QString& title, const std::function<bool(const QString&)>& onFile) {
+        const QString name = InputBox(prompt, title).trimmed();
+        if (name.isEmpty()) return QString();
+        if (onFile(name)) {
             MsgBox(name + QStringLiteral(" is already on file."), vb::vbOKOnly, QStringLiteral("Exists"));
-            return;
+            return QString();
         }
+        return name;
+    };
+    Connect(QStringLiteral("mnuAddNewStore"), [askNewName] {
+        clsStore store;
+        const QString name = askNewName(QStringLiteral("What is the name of the new Store?"), QStringLiteral("Add Store"),
+                                        [&](const QString& n) { return store.Exists(n); });
+        if (name.isEmpty()) return;
         store.Name(name);
         store.IsleCount(1);
         store.WriteNew();
     });
-    Connect(QStringLiteral("mnuEnterItemCategories"), [] {
-        const QString name =
-            InputBox(QStringLiteral("What is the name of the new Item Category?"), QStringLiteral("Item Category"))
-                .trimmed();
-        if (name.isEmpty()) return;
+    Connect(QStringLiteral("mnuEnterItemCategories"), [askNewName] {
         clsItemCategory categories;
-        if (categories.Exists(name)) {
-            MsgBox(name + QStringLiteral(" is already on file."), vb::vbOKOnly, QStringLiteral("Exists"));
-            return;
-        }
-        categories.WriteNew(name);
+        const QString name =
+            askNewName(QStringLiteral("What is the name of the new Item Category?"), QStringLiteral("Item Category"),
+                       [&](const QString& n) { return categories.Exists(n); });
+        if (!name.isEmpty()) categories.WriteNew(name);
     });
     Connect(QStringLiteral("mnuImportStoreMap"), [] {
         const QString path = TheUi().OpenFileName(QStringLiteral("Import Store Map"), Registry().ExportFilePath(),

@@ -10,6 +10,7 @@
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 #include "recipes/RecipeComparisons.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
@@ -433,6 +434,21 @@ TEST_F(CommandTest, StoreProductAndManufacturerCommandsAreWired) {
     }
     EXPECT_EQ(opened, QStringList({"frmProductNew", "frmProductListing", "frmProductListing"}));
     EXPECT_FALSE(Enabled(w, "mnuSetupStoreIsles"));  // the aisle setup screen is not there yet
+
+    // New stores and categories are named in an input box; a name on file is refused, not doubled.
+    ui.answerInput("Joe's");
+    w.menus.value("mnuAddNewStore")->trigger();
+    ui.answerInput("Joe's");
+    ui.answer(vb::OK);
+    w.menus.value("mnuAddNewStore")->trigger();
+    EXPECT_EQ(ui.lastBox().prompt, "Joe's is already on file.");
+    ui.answerInput("  Kid's Snacks ");
+    w.menus.value("mnuEnterItemCategories")->trigger();
+    ui.answerInput("Kid's Snacks");
+    ui.answer(vb::OK);
+    w.menus.value("mnuEnterItemCategories")->trigger();
+    EXPECT_EQ(rows::Count("SELECT * FROM Store WHERE [Name] = 'Joe''s'"), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Kid''s Snacks'"), 1);
 
     // A map imported from a file the person picks.
     const QString path = QDir(Home()).filePath("corner.gil");
