@@ -163,12 +163,9 @@ bool clsCoupon::ReleaseCouponList(qint32 id, const QString& listName) {
 bool clsCoupon::AddNew() {
     // New vocabulary first, outside the handler: a failure here is the caller's.
     clsManufacturer manufacturer;
-    if (!manufacturer.Exists(manufacturer_)) {
-        manufacturer.Name(manufacturer_);
-        manufacturer.WriteNew();
-    }
-    clsItemCategory category;
-    if (!category.Exists(category_)) category.WriteNew(category_);
+    manufacturer.Name(manufacturer_);
+    manufacturer.WriteNew();  // a name on file is left alone
+    clsItemCategory().AddIfNew(category_);
 
     return Trap(QStringLiteral("Coupon.Addnew"), false, [&] {
         OpenForAdd(QStringLiteral("Coupons"));

@@ -286,3 +286,11 @@ std::optional<Currency> clsProduct::CostFromText(const QString& text) {
     if (!IsNumeric(t)) return std::nullopt;
     return CCur(t);
 }
+
+std::optional<Currency> clsProduct::TypedCost(const QString& text) {
+    const std::optional<Currency> cost = CostFromText(text);
+    if (!cost)
+        MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."),
+               vb::vbExclamation, QStringLiteral("Cost Error"));
+    return cost;
+}

@@ -52,6 +52,9 @@ public:
     // A cost as typed: a leading "$" is allowed, empty is 0; nothing when the
     // rest is not a number.
     static std::optional<Currency> CostFromText(const QString& text);
+    // The same for a cost typed in a product screen, where a text that is not
+    // a number is answered with the "Cost Error" box.
+    static std::optional<Currency> TypedCost(const QString& text);
 
 private:
     QString manufacturer_;

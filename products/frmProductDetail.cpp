@@ -149,12 +149,8 @@ bool frmProductDetail::cmdSave_Click() {
         MsgBox(QStringLiteral("Please enter the name of the Product."), vb::vbOKOnly, QStringLiteral("Notice"));
         return false;
     }
-    const std::optional<Currency> cost = clsProduct::CostFromText(txtCost->text());
-    if (!cost) {
-        MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."),
-               vb::vbExclamation, QStringLiteral("Cost Error"));
-        return false;
-    }
+    const std::optional<Currency> cost = clsProduct::TypedCost(txtCost->text());
+    if (!cost) return false;
     QString manufacturer = cboManufacturer->currentText().trimmed();
     if (manufacturer.isEmpty()) manufacturer = QStringLiteral("Any");
     const QString category = cboCategory->currentText().trimmed();
@@ -173,17 +169,12 @@ bool frmProductDetail::cmdSave_Click() {
     r.Update();
 
     // New names become known the way entry makes them known.
-    if (!category.isEmpty()) {
-        clsItemCategory categories;
-        if (!categories.Exists(category)) categories.WriteNew(category);
-    }
+    if (!category.isEmpty()) clsItemCategory().AddIfNew(category);
     if (manufacturer != QLatin1String("Any")) {
         clsManufacturer maker;
-        if (!maker.Exists(manufacturer)) {
-            maker.Name(manufacturer);
-            maker.UPCCode(txtBarcode->text().trimmed());
-            maker.WriteNew();
-        }
+        maker.Name(manufacturer);
+        maker.UPCCode(txtBarcode->text().trimmed());
+        maker.WriteNew();  // a name on file is left alone
     }
     ProductEvents::Instance().Raise(1);
     return true;

@@ -187,10 +187,8 @@ bool frmProductNew::txtCost_Validate() {
         cboStore->setCurrentText(Placeholder());
         return false;
     }
-    const std::optional<Currency> cost = clsProduct::CostFromText(bare);
+    const std::optional<Currency> cost = clsProduct::TypedCost(bare);
     if (!cost) {
-        MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."),
-               vb::vbExclamation, QStringLiteral("Cost Error"));
         txtCost->selectAll();
         return false;
     }
@@ -224,17 +222,14 @@ void frmProductNew::cmdAddProduct_Click() {
         history.AddRecord();
     }
     if (!category.isEmpty()) {
-        clsItemCategory categories;
-        if (!categories.Exists(category)) categories.WriteNew(category);
+        clsItemCategory().AddIfNew(category);
         AddOnce(cboCategory, category);
     }
     if (manufacturer != QLatin1String("Any")) {
         clsManufacturer maker;
-        if (!maker.Exists(manufacturer)) {
-            maker.Name(manufacturer);
-            maker.UPCCode(barcode);
-            maker.WriteNew();
-        }
+        maker.Name(manufacturer);
+        maker.UPCCode(barcode);
+        maker.WriteNew();  // a name on file is left alone
         AddOnce(cboManufacturer, manufacturer);
     }
     ClearEntry();

@@ -31,6 +31,10 @@ qint32 clsItemCategory::WriteNew(const QString& name) {
     return CLng(rs.Field(QStringLiteral("ID")));
 }
 
+void clsItemCategory::AddIfNew(const QString& name) {
+    if (!Exists(name)) WriteNew(name);
+}
+
 QString clsItemCategory::SuggestItemCategory(QString item) {
     return Trap(QStringLiteral("ItemCategory.SuggestItemCategory"), QString(), [&] {
         Recordset r;

@@ -15,6 +15,8 @@ public:
     bool Exists(const QString& name);
     // No handler of its own: a failure goes to the caller's.
     qint32 WriteNew(const QString& name);
+    // Adds a category the table does not have yet; a name on file is left alone.
+    void AddIfNew(const QString& name);
     // The category proposed for a typed item: its product's, the only product
     // containing the text, or the person's pick among several.
     QString SuggestItemCategory(QString item);

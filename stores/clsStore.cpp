@@ -178,7 +178,6 @@ void clsStore::ImportStoreFile(const QString& path) {
             return;
         }
         WriteBatch batch(ConnectionMain());
-        clsItemCategory categories;
         for (const StoreMapFile::Record& record : records) {
             if (!Exists(record.store)) {
                 clsStore store;
@@ -186,7 +185,7 @@ void clsStore::ImportStoreFile(const QString& path) {
                 store.IsleCount(1);
                 store.WriteNew();
             }
-            if (!categories.Exists(record.category)) categories.WriteNew(record.category);
+            clsItemCategory().AddIfNew(record.category);
             clsIsleMap map;
             if (!map.IsMapped(record.store, record.category, record.isle)) {
                 map.Store(record.store);
