@@ -373,34 +373,9 @@ QVariant Recordset::CellValue(const Cell& cell, const char* bytes, ColumnKind ki
     }
 }
 
-Recordset::Cell Recordset::ReadCell(sqlite3_stmt* st, int col, QByteArray* raw) {
+Recordset::Cell Recordset::PeekCell(sqlite3_stmt* st, int col, const char** bytes) {
     Cell cell;
     cell.type = sqlite3_column_type(st, col);
-    switch (cell.type) {
-    case SQLITE_INTEGER:
-        cell.integer = sqlite3_column_int64(st, col);
-        break;
-    case SQLITE_FLOAT:
-        cell.real = sqlite3_column_double(st, col);
-        break;
-    case SQLITE_NULL:
-        break;
-    default: {
-        const char* data = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
-                                                    : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
-        cell.bytes = sqlite3_column_bytes(st, col);
-        cell.offset = int(raw->size());
-        raw->append(data, cell.bytes);
-    }
-    }
-    return cell;
-}
-
-QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
-    // Decoded straight from the statement's own buffer: no copy to keep.
-    Cell cell;
-    cell.type = sqlite3_column_type(st, col);
-    const char* bytes = nullptr;
     switch (cell.type) {
     case SQLITE_INTEGER:
         cell.integer = sqlite3_column_int64(st, col);
@@ -411,10 +386,27 @@ QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const 
     case SQLITE_NULL:
         break;
     default:
-        bytes = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
-                                         : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
+        *bytes = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
+                                          : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
         cell.bytes = sqlite3_column_bytes(st, col);
     }
+    return cell;
+}
+
+Recordset::Cell Recordset::ReadCell(sqlite3_stmt* st, int col, QByteArray* raw) {
+    const char* bytes = nullptr;
+    Cell cell = PeekCell(st, col, &bytes);
+    if (bytes) {
+        cell.offset = int(raw->size());
+        raw->append(bytes, cell.bytes);
+    }
+    return cell;
+}
+
+QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
+    // Decoded straight from the statement's own buffer: no copy to keep.
+    const char* bytes = nullptr;
+    const Cell cell = PeekCell(st, col, &bytes);
     return CellValue(cell, bytes, kind);
 }
 

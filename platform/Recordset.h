@@ -91,6 +91,8 @@ private:
     void FlushEdit();
     QVariant ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const;
     static Cell ReadCell(sqlite3_stmt* st, int col, QByteArray* raw);
+    // The cell as SQLite holds it; `bytes` points into the statement for text and blobs.
+    static Cell PeekCell(sqlite3_stmt* st, int col, const char** bytes);
     static QVariant CellValue(const Cell& cell, const char* text, ColumnKind kind);
     QVariant RowValue(const Row& row, int col) const;
     void Materialize(Row& row) const;
