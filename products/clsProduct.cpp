@@ -7,7 +7,7 @@
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
 #include "platform/Clock.h"
-#include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
 #include "platform/Ui.h"
 #include "products/ProductEvents.h"
 #include "products/clsSpendHistory.h"
@@ -217,11 +217,7 @@ void clsProduct::ExportList() {
                 fields << Written(TextOf(r.Field(QString::fromLatin1(column))));
             text += fields.join(QLatin1Char(',')) + kCrLf;
         }
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            throw RuntimeError(QStringLiteral("Path/File access error"));
-        const QByteArray bytes = text.toUtf8();
-        if (file.write(bytes) != bytes.size()) throw RuntimeError(QStringLiteral("Disk full"));
+        TextFile::Write(path, text);
         return true;
     });
 }

@@ -8,6 +8,7 @@
 #include "core/Values.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
 #include "platform/Ui.h"
 #include "publish/clsCommunications.h"
 
@@ -82,12 +83,7 @@ QString clsCalendar::WriteData(const QString& FileBaseName) {
     return Trap(QStringLiteral("clsCalendar.WriteData"), QString(), [&] {
         const QString name = FileNameFor(FileBaseName);
         const QString path = QDir(QDir::tempPath()).filePath(name + QStringLiteral(".vcs"));
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            throw RuntimeError(QStringLiteral("Path/File access error"));
-        const QByteArray bytes = Text().toUtf8();
-        if (file.write(bytes) != bytes.size()) throw RuntimeError(QStringLiteral("Disk full"));
-        file.close();
+        TextFile::Write(path, Text());
 
         Response = MsgBox(name + QStringLiteral(".vcs was") + QStringLiteral(" created.") + kCrLf +
                                       QStringLiteral("Would you like to sent it to someone? "),

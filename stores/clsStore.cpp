@@ -8,7 +8,7 @@
 #include "core/modVerify.h"
 #include "platform/Database.h"
 #include "platform/ProgramFolder.h"
-#include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
 #include "platform/Ui.h"
 #include "publish/clsCommunications.h"
 #include "stores/StoreMapFile.h"
@@ -156,12 +156,7 @@ void clsStore::ExportStoreFile(const QString& name) {
                                        TextOf(r.Field(QStringLiteral("Isle"))));
             r.MoveNext();
         }
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            throw RuntimeError(QStringLiteral("Path/File access error"));
-        const QByteArray bytes = text.toUtf8();
-        if (file.write(bytes) != bytes.size()) throw RuntimeError(QStringLiteral("Disk full"));
-        file.close();
+        TextFile::Write(path, text);
 
         if (MsgBox(QStringLiteral("Would you like to mail ") + name + QStringLiteral(" to someone?"),
                    vb::vbYesNo + vb::vbQuestion, QStringLiteral("Mail Store")) == vb::Yes)

@@ -184,6 +184,15 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
     EXPECT_EQ(ui.lastBox().prompt, "There is a previous Product List file, Overwrite it?");
     EXPECT_EQ(ui.lastBox().title, "Over-Write");
     EXPECT_TRUE(QFile::exists(clsProduct::ExportFile()));
+
+    // A target that cannot be written is reported, not taken for done.
+    ASSERT_TRUE(QFile::remove(clsProduct::ExportFile()));
+    ASSERT_TRUE(QDir().mkpath(clsProduct::ExportFile()));
+    ui.answer(vb::Yes);
+    ui.answer(vb::OK);
+    product.ExportList();
+    EXPECT_TRUE(ui.lastBox().prompt.contains("Path/File access error")) << ui.lastBox().prompt.toStdString();
+    EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurring in Product.ExportList)")) << ui.lastBox().prompt.toStdString();
 }
 
 TEST_F(ProductTest, CostTextsAcceptADollarSignAndRefuseTheRest) {
