@@ -24,8 +24,6 @@ namespace {
 
 const QString kCrLf = QStringLiteral("\r\n");
 
-QString Text(const QVariant& v) { return v.isNull() ? QString() : CStr(v); }
-
 bool ExpiredBeforeToday(const QVariant& expiration) {
     return CDate(expiration).date() < Clock::Today();
 }
@@ -33,8 +31,8 @@ bool ExpiredBeforeToday(const QVariant& expiration) {
 }  // namespace
 
 qint32 clsCoupon::CouponDBID() const { return CLng(rs.Field(QStringLiteral("ID"))); }
-QString clsCoupon::Quantity() const { return Text(rs.Field(QStringLiteral("Quantity"))); }
-QString clsCoupon::Category() const { return Text(rs.Field(QStringLiteral("Category"))); }
+QString clsCoupon::Quantity() const { return TextOf(rs.Field(QStringLiteral("Quantity"))); }
+QString clsCoupon::Category() const { return TextOf(rs.Field(QStringLiteral("Category"))); }
 bool clsCoupon::MarkForPurge() const { return CBool(rs.Field(QStringLiteral("MarkForPurge"))); }
 
 int clsCoupon::Exists(const QString& manufacturer, const QString& product, const QString& size) {
@@ -86,10 +84,10 @@ void clsCoupon::GetExistingCouponResponse() {
                adOpenForwardOnly, adLockReadOnly);
         const QString text =
             QStringLiteral("A coupon was found for that item but it is not an exact match. You you like to use the found Coupon? ") +
-            kCrLf + kCrLf + QStringLiteral("       \u2022 Product: ") + Text(rs.Field(QStringLiteral("Product"))).trimmed() +
+            kCrLf + kCrLf + QStringLiteral("       \u2022 Product: ") + TextOf(rs.Field(QStringLiteral("Product"))).trimmed() +
             kCrLf + QStringLiteral("       \u2022 Manufacturer: ") +
-            Text(rs.Field(QStringLiteral("Manufacturer"))).trimmed() + kCrLf +
-            QStringLiteral("       \u2022 Size: ") + Text(rs.Field(QStringLiteral("Size"))).trimmed() + kCrLf +
+            TextOf(rs.Field(QStringLiteral("Manufacturer"))).trimmed() + kCrLf +
+            QStringLiteral("       \u2022 Size: ") + TextOf(rs.Field(QStringLiteral("Size"))).trimmed() + kCrLf +
             QStringLiteral("             Would you like to use this Coupon?");
         CloseDB();
         if (MsgBox(text, vb::vbYesNo + vb::vbQuestion, QStringLiteral("Coupon Alert")) == vb::No) FoundCouponID = 0;
@@ -108,7 +106,7 @@ void clsCoupon::CheckForExistingList(const QString& productName) {
                 CloseDB();
                 return false;
             }
-            const QString listName = Text(rs.Field(QStringLiteral("Name")));
+            const QString listName = TextOf(rs.Field(QStringLiteral("Name")));
             const QString question = before + productName + QStringLiteral(" is already on ") + listName +
                                      QStringLiteral(", do you want to use this coupon?");
             if (MsgBox(question, vb::vbYesNo, QStringLiteral("Use Coupon?")) != vb::Yes) {
@@ -179,7 +177,7 @@ bool clsCoupon::AddNew() {
         rs.setField(QStringLiteral("Category"), category_);
         rs.setField(QStringLiteral("Store"), store_);
         rs.Update();
-        const QString id = Text(rs.Field(QStringLiteral("ID")));
+        const QString id = TextOf(rs.Field(QStringLiteral("ID")));
         CloseDB();
 
         MainPanes& panes = MainPanes::Instance();
@@ -196,8 +194,8 @@ void clsCoupon::DeleteCoupon(qint32 id, int mode) {
                adLockOptimistic);
         if (mode == 1 && Registry().CouponAddReminder()) {
             // A reminder to take the paper coupon out of the wallet.
-            const QString note = QStringLiteral("Discard Coupon for ") + Text(rs.Field(QStringLiteral("Manufacturer"))) +
-                                 QStringLiteral("'s ") + Text(rs.Field(QStringLiteral("product")));
+            const QString note = QStringLiteral("Discard Coupon for ") + TextOf(rs.Field(QStringLiteral("Manufacturer"))) +
+                                 QStringLiteral("'s ") + TextOf(rs.Field(QStringLiteral("product")));
             const QString today = Format(QVariant(Clock::Today()), QStringLiteral("mm/dd/yyyy"));
             if (MainForm()) MainForm()->AddMessage(note, note, today, 1);
             clsMessages messages;
@@ -226,7 +224,7 @@ void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
         OpenDB(QStringLiteral("SELECT * FROM Coupons"), adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
             const QVariant expiration = rs.Field(QStringLiteral("Expiration"));
-            if (Text(expiration) != QLatin1String("Never") && ExpiredBeforeToday(expiration)) {
+            if (TextOf(expiration) != QLatin1String("Never") && ExpiredBeforeToday(expiration)) {
                 rs.setField(QStringLiteral("MarkForPurge"), true);
                 rs.Update();
             }
@@ -241,7 +239,7 @@ void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
         MainPanes& panes = MainPanes::Instance();
         OpenDB(QStringLiteral("SELECT * FROM Coupons WHERE [MarkForPurge] = True"), adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
-            const QString id = Text(rs.Field(QStringLiteral("ID")));
+            const QString id = TextOf(rs.Field(QStringLiteral("ID")));
             if (QStandardItem* node = panes.FindByKey(panes.coupons, QStringLiteral("C") + id))
                 panes.Remove(panes.coupons, node);
             rs.Delete();
@@ -259,7 +257,7 @@ QString clsCoupon::IngredientCheck(const QString& ingredient) {
         if (ingredient != QLatin1String(",")) {
             OpenDB(QStringLiteral("SELECT * FROM Coupons "), adOpenForwardOnly, adLockReadOnly);
             while (!rs.IsEOF()) {
-                const QString productName = Text(rs.Field(QStringLiteral("Product")));
+                const QString productName = TextOf(rs.Field(QStringLiteral("Product")));
                 // Every matching word counts, so a product can count twice.
                 for (const QString& word : productName.split(QLatin1Char(' '))) {
                     if (ingredient.contains(word, Qt::CaseInsensitive)) {
