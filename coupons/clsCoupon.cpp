@@ -209,14 +209,17 @@ void clsCoupon::DeleteCoupon(qint32 id, int mode) {
 
 void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
     Trap(QStringLiteral("Coupon.AutoPurge"), [&] {
-        // 1. Delivery coupons. The walk only moves on past a row it deletes, so a
-        // row that has not expired stops it there for good: the rows behind it
-        // are never looked at.
+        // 1. Delivery coupons. The walk moves on only past a row it deletes: a
+        // delivery coupon that has not expired is read again and again, and the
+        // purge does not come back. Kept so on purpose; only an all-expired (or
+        // empty) table lets the purge go on.
         OpenDB(QStringLiteral("SELECT * FROM Delivery"), adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
-            if (!ExpiredBeforeToday(rs.Field(QStringLiteral("Expiration")))) break;
-            rs.Delete();
-            rs.MoveNext();
+            if (ExpiredBeforeToday(rs.Field(QStringLiteral("Expiration")))) {
+                rs.Delete();
+                rs.Update();
+                rs.MoveNext();
+            }
         }
         CloseDB();
 
