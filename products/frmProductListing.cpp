@@ -171,6 +171,7 @@ void frmProductListing::mnuDeleteItem_Click() {
 void frmProductListing::mnuEditItem_Click() {
     const QTreeWidgetItem* item = lvProducts->currentItem();
     if (!item) return;
+    // A saved product raises its event, which refills this list.
     auto detail = std::make_unique<frmProductDetail>(item->data(0, kIdRole).toInt(), this);
-    if (TheUi().ShowModal(detail.get()) == QDialog::Accepted) Fill(query_);
+    TheUi().ShowModal(detail.get());
 }

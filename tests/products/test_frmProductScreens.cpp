@@ -145,6 +145,7 @@ TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnCo
 TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     const qint32 id = rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Cost", "2.5"}});
     rows::Add("SpendHistory", {{"ItemID", id}, {"ItemStore", "Aldi"}, {"ItemListCost", "2.39"}, {"ItemListDate", "11/01/2026"}});
+    frmProductListing listing{QString()};
     frmProductDetail detail(id);
     ASSERT_TRUE(detail.Found());
     EXPECT_EQ(detail.txtCost->text(), "$2.50");
@@ -157,6 +158,8 @@ TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"-5"}));
     EXPECT_EQ(rows::Column("SELECT * FROM Product", "Size"), QStringList({"big \"tin\""}));
     EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Breakfast'"), 1);
+    // An open listing hears of the save and shows the correction.
+    EXPECT_EQ(Lines(listing.lvProducts), QStringList({"Oats|Quaker|big \"tin\"|Breakfast|No"}));
 
     detail.txtCost->setText("$");
     EXPECT_TRUE(detail.cmdSave_Click());
