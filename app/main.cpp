@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Larderkeep"));
     QString error;
     if (!FirstStart::Run(&error)) {
-        MsgBox(error, vb::vbCritical, QStringLiteral("Larderkeep"));
+        MsgBox(error, Box::Critical, QStringLiteral("Larderkeep"));
         return 1;
     }
     QStringList args = QApplication::arguments();

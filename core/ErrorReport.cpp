@@ -14,5 +14,5 @@ void ReportError(const std::exception& e, const QString& where) {
 }
 
 void ReportErrorText(const QString& text, const QString& title) {
-    MsgBox(text, vb::vbCritical, title);
+    MsgBox(text, Box::Critical, title);
 }

@@ -826,7 +826,7 @@ void frmMain::tbMain_ButtonClick(const QString& key) {
         action->trigger();
         return;
     }
-    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), vb::vbInformation,
+    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), Box::Information,
            QStringLiteral("Coming Soon"));
 }
 
@@ -835,7 +835,7 @@ void frmMain::tbReports_ButtonClick(const QString& key) {
         action->trigger();
         return;
     }
-    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), vb::vbInformation,
+    MsgBox(QStringLiteral("This feature will be added soon, please use the Menus."), Box::Information,
            QStringLiteral("Coming Soon"));
 }
 
@@ -870,13 +870,13 @@ void frmMain::mnuReprintLastReport_Click() {
         if (!Registry().SaveReportCopy() || LastReportFile.isEmpty() || !QFile::exists(LastReportFile)) {
             MsgBox(QStringLiteral("The last report cannot be printed because either there have been no Reports "
                                   "printed since Larderkeep was started or the Report has been moved or deleted ..."),
-                   vb::vbInformation + vb::vbMsgBoxHelpButton, QStringLiteral("Notice"), Registry().HelpFile(), 1151);
+                   Box::Information + Box::HelpButton, QStringLiteral("Notice"), Registry().HelpFile(), 1151);
             return;
         }
         QFile file(LastReportFile);
         if (!file.open(QIODevice::ReadOnly)) {
             MsgBox(QStringLiteral("The last report could not be read: %1").arg(QDir::toNativeSeparators(LastReportFile)),
-                   vb::vbExclamation, QStringLiteral("Notice"));
+                   Box::Exclamation, QStringLiteral("Notice"));
             return;
         }
         QTextDocument document;
@@ -949,7 +949,7 @@ void frmMain::lvQuickStart_DblClick(const QString& key) {
         action->trigger();
         return;
     }
-    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
 }
 
 // --- the recipe tree's popup ---------------------------------------------------
@@ -1137,15 +1137,15 @@ void frmMain::mnuPOPDeleteRecipie_Click() {
     const QString title = node->text();
     Response = MsgBox(QStringLiteral("Are you sure you want to delete ") + title +
                           QStringLiteral("? It is removed from every category, meal and comparison."),
-                      vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2, QStringLiteral("Delete Recipe"));
-    if (Response != vb::Yes) return;
+                      Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Delete Recipe"));
+    if (Response != Answer::Yes) return;
     clsRecipies recipes;
     const qint16 result = recipes.DeleteRecipie(title);
     if (result == 1)
         MsgBox(QStringLiteral("More than one recipe is titled ") + title + QStringLiteral(", so none was deleted."),
-               vb::vbExclamation, QStringLiteral("Delete Recipe"));
+               Box::Exclamation, QStringLiteral("Delete Recipe"));
     else if (result == 2)
-        MsgBox(title + QStringLiteral(" could not be found, so it was not deleted."), vb::vbExclamation,
+        MsgBox(title + QStringLiteral(" could not be found, so it was not deleted."), Box::Exclamation,
                QStringLiteral("Delete Recipe"));
     else
         RecipeComparisons::Instance().RemoveFirst(title);

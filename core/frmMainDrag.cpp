@@ -230,7 +230,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
 QString frmMain::PickShoppingList() {
     // The list picker (frmShoppingListSelect.GetListName) plugs in here.
-    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
     return QString();
 }
 
@@ -239,7 +239,7 @@ bool frmMain::GenerateListFromRecipe(const QString& recipe, const QString& list)
     // the callers then count the use and reload the list pane.
     Q_UNUSED(recipe);
     Q_UNUSED(list);
-    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
     return false;
 }
 
@@ -250,15 +250,15 @@ void frmMain::lvCurrentList_DragDrop(const QString& recipe) {
         if (!list.isEmpty()) {
             if (PromptBeforeAdd()) {
                 Response = MsgBox(QStringLiteral("Add ") + recipe + QStringLiteral(" to ") + list + QStringLiteral(" ?"),
-                                  vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Recipe"));
-                if (Response == vb::No) return;
+                                  Box::YesNo + Box::Question, QStringLiteral("Add Recipe"));
+                if (Response == Answer::No) return;
             }
         } else {
             list = PickShoppingList();
             if (list.isEmpty()) return;
             Response = MsgBox(QStringLiteral("Would you like to use ") + list + QStringLiteral(" as the default?"),
-                              vb::vbYesNo + vb::vbQuestion, QStringLiteral("Set default"));
-            if (Response == vb::Yes) Registry().CurrentShoppingList(list);
+                              Box::YesNo + Box::Question, QStringLiteral("Set default"));
+            if (Response == Answer::Yes) Registry().CurrentShoppingList(list);
         }
         if (!GenerateListFromRecipe(recipe, list)) return;
         clsRecipies recipes;
@@ -273,14 +273,14 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
         const QString shortDate = Format(QVariant(day), QStringLiteral("mm/dd/yy"));
         if (CDate(shortDate).date() < Clock::Today()) {
             MsgBox(QStringLiteral("This date is before today and cannot be added, Please reselect."),
-                   vb::vbExclamation, QStringLiteral("Select Again"));
+                   Box::Exclamation, QStringLiteral("Select Again"));
             return;
         }
         const QString longDate = Format(QVariant(day), QStringLiteral("dddd, mmm d yyyy"));
         Response = MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" as a meal on ") + longDate +
                               QStringLiteral(" ?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Meal?"));
-        if (Response != vb::Yes) return;
+                          Box::YesNo + Box::Question, QStringLiteral("Add Meal?"));
+        if (Response != Answer::Yes) return;
 
         // One meal a day from the calendar: a day that has one keeps it.
         Recordset taken;
@@ -309,8 +309,8 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
         MarkMealDay(day);
 
         Response = MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" to the current shopping list?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add to Shoppinglist"));
-        if (Response != vb::Yes) return;
+                          Box::YesNo + Box::Question, QStringLiteral("Add to Shoppinglist"));
+        if (Response != Answer::Yes) return;
         // As for a drop on the list, into CURRENT_SHOP_LIST.
         if (!GenerateListFromRecipe(recipe, Registry().CurrentShoppingList())) return;
         recipes.UpdateTimesUsed(recipe);
@@ -324,15 +324,15 @@ void frmMain::tvRecipes_DragDrop(const QString& recipe, QStandardItem* target) {
         if (recipe.isEmpty() || !target) return;
         const QString tag = target->data(MainPanes::TagRole).toString();
         if (IsRecipeTag(tag)) {
-            MsgBox(QStringLiteral("A Recipe can only be added to a Category."), vb::vbExclamation,
+            MsgBox(QStringLiteral("A Recipe can only be added to a Category."), Box::Exclamation,
                    QStringLiteral("Cannot Do"));
             return;
         }
         if (tag != QLatin1String("RecipeCategory")) return;
         const QString category = target->text();
         Response = MsgBox(QStringLiteral("Add ") + recipe + QStringLiteral(" to the ") + category + QStringLiteral("?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Category"));
-        if (Response != vb::Yes) return;
+                          Box::YesNo + Box::Question, QStringLiteral("Add Category"));
+        if (Response != Answer::Yes) return;
         clsRecipies recipes;
         recipes.AddRecipeCategory(category, recipe);
         tvRecipes->expand(target->index());

@@ -167,7 +167,7 @@ void frmMain::MessageDisplay() {
             rs.Close();
             MsgBox(QStringLiteral("The Message, entitled ") + title +
                        QStringLiteral(", could not be located so, it will be removed from view."),
-                   vb::vbExclamation, QStringLiteral("Missing"));
+                   Box::Exclamation, QStringLiteral("Missing"));
             model.removeRow(row);
             return;
         }
@@ -182,9 +182,9 @@ void frmMain::MessageDisplay() {
 
 void frmMain::mnuDeleteMessage_Click() {
     Trap(QStringLiteral("frmMain.mnuDeleteMessage"), [&] {
-        Response = MsgBox(QStringLiteral("Do you wish to delete the selected Messages?"), vb::vbYesNo + vb::vbQuestion,
+        Response = MsgBox(QStringLiteral("Do you wish to delete the selected Messages?"), Box::YesNo + Box::Question,
                           QStringLiteral("Delete"));
-        if (Response != vb::Yes) return;
+        if (Response != Answer::Yes) return;
         QStandardItemModel& model = MainPanes::Instance().messages;
         QItemSelectionModel* selection = lvMessageCenter->selectionModel();
         // From the last item up, so that removing one leaves the rows still to

@@ -66,12 +66,12 @@ void frmMain::Form_Load() {
                 if (DateDiff(QStringLiteral("d"), CDate(last), Clock::Now()) > 7) {
                     Response = MsgBox(QStringLiteral("Your current backup is older than 7 days. It is recommended that you "
                                                      "backup your database regularly. Do you want to run a backup now?"),
-                                      vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2 + vb::vbMsgBoxHelpButton,
+                                      Box::YesNo + Box::Question + Box::DefaultButton2 + Box::HelpButton,
                                       QStringLiteral("Notice"), Registry().HelpFile(), 1091);
-                    if (Response == vb::Yes) MsgBox(QStringLiteral("Add Code!"));
+                    if (Response == Answer::Yes) MsgBox(QStringLiteral("Add Code!"));
                 }
             } else {
-                MsgBox(QStringLiteral("The database has never been Backed up."), vb::vbExclamation,
+                MsgBox(QStringLiteral("The database has never been Backed up."), Box::Exclamation,
                        QStringLiteral("No Backup"));
             }
         }
@@ -84,12 +84,12 @@ void frmMain::Form_Load() {
             } catch (const DbError& e) {
                 MsgBox(QStringLiteral("The Larderkeep database could not be opened (%1): %2")
                            .arg(e.description(), QDir::toNativeSeparators(database)),
-                       vb::vbCritical, QStringLiteral("Database Error"));
+                       Box::Critical, QStringLiteral("Database Error"));
                 mnuExit();
             }
         } else {
             MsgBox(QStringLiteral("The Larderkeep database is missing, please select 'OK' the close program."),
-                   vb::vbCritical, QStringLiteral("Missing Database"));
+                   Box::Critical, QStringLiteral("Missing Database"));
             mnuExit();
         }
         // 8.
@@ -159,7 +159,7 @@ void frmMain::Form_Load() {
             Registry().SpellCheckAvailable(true);
         } else {
             MsgBox(QStringLiteral("SpellCheck dictionary was not found, this option will not be available"),
-                   vb::vbExclamation, QStringLiteral("Missing Dictionary"));
+                   Box::Exclamation, QStringLiteral("Missing Dictionary"));
             Registry().SpellCheckAvailable(false);
         }
         // 18.

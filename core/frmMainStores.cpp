@@ -55,7 +55,7 @@ void frmMain::ConnectStoreAndProductScreens() {
         const QString name = InputBox(prompt, title).trimmed();
         if (name.isEmpty()) return QString();
         if (onFile(name)) {
-            MsgBox(name + QStringLiteral(" is already on file."), vb::vbOKOnly, QStringLiteral("Exists"));
+            MsgBox(name + QStringLiteral(" is already on file."), Box::OKOnly, QStringLiteral("Exists"));
             return QString();
         }
         return name;
@@ -84,7 +84,7 @@ void frmMain::ConnectStoreAndProductScreens() {
     Connect(QStringLiteral("mnuExportStoreMap"), [this] {
         frmSelectStore pick(QStringLiteral("Which Store's Isle map would you like to export?"), this);
         if (pick.StoreCount() == 0) {
-            MsgBox(QStringLiteral("There are no Stores to export."), vb::vbOKOnly, QStringLiteral("Notice"));
+            MsgBox(QStringLiteral("There are no Stores to export."), Box::OKOnly, QStringLiteral("Notice"));
             return;
         }
         if (TheUi().ShowModal(&pick) != QDialog::Accepted || pick.SelectedStore().isEmpty()) return;
@@ -119,7 +119,7 @@ void frmMain::ConnectStoreAndProductScreens() {
                                   : QString();
         if (MsgBox(QStringLiteral("Do you want to delete ") + maker + QStringLiteral("'s ") + node->text() +
                        QStringLiteral(" ?"),
-                   vb::vbYesNo + vb::vbQuestion, QStringLiteral("Delete Coupon")) != vb::Yes)
+                   Box::YesNo + Box::Question, QStringLiteral("Delete Coupon")) != Answer::Yes)
             return;
         clsCoupon().DeleteCoupon(node->data(MainPanes::TagRole).toInt(), 1);
         MainPanes::Instance().Remove(MainPanes::Instance().coupons, node);

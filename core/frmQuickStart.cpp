@@ -129,8 +129,8 @@ void frmQuickStart::cmdSave_Click() {
 bool frmQuickStart::MayClose() {
     if (!changed_) return true;
     Response = MsgBox(QStringLiteral("The Current List has changed and has not been saved. Do you wish to continue?"),
-                      vb::vbYesNo + vb::vbQuestion, QStringLiteral("Continue"));
-    return Response == vb::Yes;
+                      Box::YesNo + Box::Question, QStringLiteral("Continue"));
+    return Response == Answer::Yes;
 }
 
 void frmQuickStart::cmdClose_Click() {

@@ -90,7 +90,7 @@ void clsCoupon::GetExistingCouponResponse() {
             QStringLiteral("       \u2022 Size: ") + TextOf(rs.Field(QStringLiteral("Size"))).trimmed() + kCrLf +
             QStringLiteral("             Would you like to use this Coupon?");
         CloseDB();
-        if (MsgBox(text, vb::vbYesNo + vb::vbQuestion, QStringLiteral("Coupon Alert")) == vb::No) FoundCouponID = 0;
+        if (MsgBox(text, Box::YesNo + Box::Question, QStringLiteral("Coupon Alert")) == Answer::No) FoundCouponID = 0;
     });
 }
 
@@ -109,7 +109,7 @@ void clsCoupon::CheckForExistingList(const QString& productName) {
             const QString listName = TextOf(rs.Field(QStringLiteral("Name")));
             const QString question = before + productName + QStringLiteral(" is already on ") + listName +
                                      QStringLiteral(", do you want to use this coupon?");
-            if (MsgBox(question, vb::vbYesNo, QStringLiteral("Use Coupon?")) != vb::Yes) {
+            if (MsgBox(question, Box::YesNo, QStringLiteral("Use Coupon?")) != Answer::Yes) {
                 CloseDB();
                 return false;
             }
@@ -292,7 +292,7 @@ void clsCoupon::PossibleCoupon(const QString& item, qint32& foundID) {
         const QString text = QStringLiteral("Possible Coupon Found : ") + kCrLf + QString(15, QLatin1Char(' ')) +
                              QString(15, QLatin1Char(' ')) + QString(10, QLatin1Char(' ')) + kCrLf + kCrLf +
                              QStringLiteral("Do you want to use this coupon?");
-        if (MsgBox(text, vb::vbYesNo, QStringLiteral("Coupon found")) == vb::Yes)
+        if (MsgBox(text, Box::YesNo, QStringLiteral("Coupon found")) == Answer::Yes)
             foundID = CLng(rs.Field(QStringLiteral("ID")));
         CloseDB();
     });
@@ -349,7 +349,7 @@ bool clsCoupon::ExpireAction(bool pending) {
     case 3:
         MsgBox(QStringLiteral("There are Coupons that are going to expire in the next ") +
                    QString::number(Registry().CouponExpireDays()) + QStringLiteral(" days."),
-               vb::vbInformation, QStringLiteral("Pending Expiration"));
+               Box::Information, QStringLiteral("Pending Expiration"));
         return false;
     default:
         return false;

@@ -31,14 +31,14 @@ bool clsGuestServed::WriteNew() {
 }
 
 int clsGuestServed::RecipeServed(const QString& title, const QString& guest) {
-    return Trap(QStringLiteral("GuestServed.MealServed"), int(vb::Yes), [&] {
+    return Trap(QStringLiteral("GuestServed.MealServed"), int(Answer::Yes), [&] {
         OpenDB(ServedQuery(title.trimmed(), guest.trimmed()), adOpenKeyset, adLockReadOnly);
         const bool served = !rs.IsEOF();
         CloseDB();
-        if (!served) return int(vb::Yes);
+        if (!served) return int(Answer::Yes);
         return MsgBox(QStringLiteral("The Recipe, ") + title + QStringLiteral(", has already been served to ") + guest +
                           QStringLiteral(". Do you wish to continue?"),
-                      vb::vbYesNo + vb::vbQuestion, QStringLiteral("Notice"));
+                      Box::YesNo + Box::Question, QStringLiteral("Notice"));
     });
 }
 

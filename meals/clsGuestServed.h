@@ -18,7 +18,7 @@ public:
 
     // Adds a row of the kept guest and recipe.
     bool WriteNew();
-    // Asks before serving a recipe twice to one guest: the answer (vb::Yes when
+    // Asks before serving a recipe twice to one guest: the answer (Answer::Yes when
     // it was never served).
     int RecipeServed(const QString& title, const QString& guest);
     // Follows a recipe's deletion and rename.

@@ -47,7 +47,7 @@ void clsMeal::AuditMeals() {
         CloseDB();
         if (count > 0)
             MsgBox(QString::number(count) + QStringLiteral(" Meal(s) were deleted by the Auto-Purge process."),
-                   vb::vbInformation, QStringLiteral("Meal Auto-Purge"));
+                   Box::Information, QStringLiteral("Meal Auto-Purge"));
         return;
     }
     // Every other setting moves past meals on by a week. Only the date moves:
@@ -65,7 +65,7 @@ void clsMeal::AuditMeals() {
     CloseDB();
     if (moved > 0)
         MsgBox(QString::number(moved) + QStringLiteral(" Meal(s) dates were advanced 7 days by the Auto-Purge process."),
-               vb::vbInformation, QStringLiteral("Meal Auto-Purge"));
+               Box::Information, QStringLiteral("Meal Auto-Purge"));
 }
 
 void clsMeal::RemoveRecipe(const QString& name, const QString& title) {

@@ -36,8 +36,8 @@ void clsSize::WriteNew(const QString& name, const QString& abbreviation) {
         QString chosen = abbreviation;
         if (AbbreviationExists(chosen)) {
             Response = MsgBox(QStringLiteral("The Abbreviation has already been used, would you like to select another?"),
-                              vb::vbYesNo + vb::vbQuestion, QStringLiteral("Duplicate Abbreviation"));
-            if (Response == vb::Yes) {
+                              Box::YesNo + Box::Question, QStringLiteral("Duplicate Abbreviation"));
+            if (Response == Answer::Yes) {
                 do {
                     chosen = InputBox(QStringLiteral("Please enter the Abbreviation for ") + name +
                                           QStringLiteral(" that you would like to use"),

@@ -296,7 +296,7 @@ void frmConversions::mnuSaveGrid_Click() {
                 const QString value = Cell(r, c);
                 if (value.trimmed().isEmpty() || IsNumeric(value)) continue;
                 MsgBox(QStringLiteral("Error in Row: %1, Column: %2; %3, Please correct").arg(r).arg(c).arg(value),
-                       vb::vbExclamation, QStringLiteral("Data Error"));
+                       Box::Exclamation, QStringLiteral("Data Error"));
                 flxConversionChart->setRowHidden(r - 1, false);
                 flxConversionChart->setColumnHidden(c - 1, false);
                 SelectCell(r, c);
@@ -355,7 +355,7 @@ void frmConversions::mnuShowAllCells_Click() {
 
 void frmConversions::mnuEdit_Click() {
     // The chart is edited cell by cell; these entries have no work here.
-    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
 }
 
 void frmConversions::mnuClose_Click() {

@@ -149,12 +149,12 @@ void frmConvertMeasures::cmdCalculate_Click() {
             // The fraction keeps the blank it starts with below one.
             const QString shown = fraction.isEmpty() ? value.toString() : fraction;
             MsgBox(quantity + QLatin1Char(' ') + from + QStringLiteral(" = ") + shown + QLatin1Char(' ') + to,
-                   vb::vbInformation, QStringLiteral("Result"));
+                   Box::Information, QStringLiteral("Result"));
             return;
         }
         Response = MsgBox(QStringLiteral("The required conversion constant does no exist, Do you wish to add it?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Constant"));
-        if (Response != vb::Yes) return;
+                          Box::YesNo + Box::Question, QStringLiteral("Add Constant"));
+        if (Response != Answer::Yes) return;
         frmConversions chart(this);
         TheUi().ShowModal(&chart);
         // A measure added to the chart is offered at once.

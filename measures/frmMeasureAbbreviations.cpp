@@ -219,8 +219,8 @@ void frmMeasureAbbreviations::mnuSaveAbbreviations_Click() {
 bool frmMeasureAbbreviations::MayClose() {
     if (!changed_) return true;
     Response = MsgBox(QStringLiteral("The current list of Abbreviations has changed. Do you wish to close this form?"),
-                      vb::vbYesNo + vb::vbQuestion, QStringLiteral("Cancel?"));
-    return Response == vb::Yes;
+                      Box::YesNo + Box::Question, QStringLiteral("Cancel?"));
+    return Response == Answer::Yes;
 }
 
 void frmMeasureAbbreviations::mnuClose_Click() {

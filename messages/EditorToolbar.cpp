@@ -42,7 +42,7 @@ void EditorToolbar::ButtonClick(const QString& key) {
         if (editor_->document()->isUndoAvailable()) editor_->undo();
     } else if (key == QLatin1String("Spell")) {
         if (Checker()) Checker()(editor_);
-        MsgBox(QStringLiteral("Spell Check complete."), vb::vbInformation, QStringLiteral("Spell Check"));
+        MsgBox(QStringLiteral("Spell Check complete."), Box::Information, QStringLiteral("Spell Check"));
     }
     Q_EMIT buttonClicked(key);
 }

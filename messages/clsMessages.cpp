@@ -106,14 +106,14 @@ qint32 clsMessages::PurgeExpired() {
         const qint32 count = rs.RecordCount();
         if (count <= 0) {
             CloseDB();
-            MsgBox(QStringLiteral("There are no expired Messages in the database."), vb::vbInformation,
+            MsgBox(QStringLiteral("There are no expired Messages in the database."), Box::Information,
                    QStringLiteral("No Expired"));
             return 0;
         }
         Response = MsgBox(QStringLiteral("There are ") + QString::number(count) +
                               QStringLiteral(" messages, Are you sure?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Delete Messages"));
-        if (Response == vb::Yes) {
+                          Box::YesNo + Box::Question, QStringLiteral("Delete Messages"));
+        if (Response == Answer::Yes) {
             rs.MoveFirst();
             while (!rs.IsEOF()) {
                 // Rows whose date is a word or blank sort before any date as

@@ -103,8 +103,8 @@ void frmCalendarEvents::Form_Load() {
 void frmCalendarEvents::lblImTooBusy_Click() {
     Trap(QStringLiteral("frmCalendarEvents.lblImTooBusy"), [&] {
         Response = MsgBox(QStringLiteral("This will Postpone all of todays events until tomorrow, Are you sure?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Postpone?"));
-        if (Response != vb::Yes) return;
+                          Box::YesNo + Box::Question, QStringLiteral("Postpone?"));
+        if (Response != Answer::Yes) return;
         // Each of today's rows moves to the same time tomorrow.
         const QDate today = Clock::Today();
         Recordset rs;

@@ -76,7 +76,7 @@ void frmComment::tbEditor_ButtonClick(const QString& key) {
                 clsCommunications::OpenLink(QUrl::fromLocalFile(help).toString());
                 return;
             }
-            MsgBox(QStringLiteral("The help file could not be found."), vb::vbExclamation, QStringLiteral("Help"));
+            MsgBox(QStringLiteral("The help file could not be found."), Box::Exclamation, QStringLiteral("Help"));
         }
     });
 }

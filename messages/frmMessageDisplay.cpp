@@ -42,5 +42,5 @@ void frmMessageDisplay::SetMessage(const QString& title, const QString& date, co
 }
 
 void frmMessageDisplay::cmdExport_Click() {
-    MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
 }

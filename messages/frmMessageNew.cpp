@@ -142,9 +142,9 @@ void frmMessageNew::tbEditor_ButtonClick(const QString& key) {
         Response = MsgBox(QStringLiteral("This will save this Message as a file that can be emailed and imported") +
                               QStringLiteral("\r\n") +
                               QStringLiteral("into Microsoft Outlook's Calendar. Do you want to continue?"),
-                          vb::vbYesNo + vb::vbQuestion, QStringLiteral("Export Message"));
-        if (Response == vb::Yes)
-            MsgBox(QStringLiteral("This feature will be added soon!"), vb::vbInformation, QStringLiteral("Coming Soon"));
+                          Box::YesNo + Box::Question, QStringLiteral("Export Message"));
+        if (Response == Answer::Yes)
+            MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
     }
 }
 
@@ -157,7 +157,7 @@ void frmMessageNew::tbEditor_ButtonMenuClick(const QString& key) {
 void frmMessageNew::cmdAddMessage_Click() {
     const QString subject = txtSubject->text();
     if (subject == kSubjectPrompt || subject.isEmpty()) {
-        MsgBox(QStringLiteral("This Message must have a Subject."), vb::vbExclamation + vb::vbMsgBoxHelpButton,
+        MsgBox(QStringLiteral("This Message must have a Subject."), Box::Exclamation + Box::HelpButton,
                QStringLiteral("Missing Message"), Registry().HelpFile(), 1040);
         txtSubject->setFocus();
         return;
@@ -180,9 +180,9 @@ bool frmMessageNew::HasUnsavedText() const {
 
 void frmMessageNew::cmdClose_Click() {
     if (HasUnsavedText()) {
-        Response = MsgBox(QStringLiteral("This message has not been saved, Exit anyway?"), vb::vbYesNo + vb::vbQuestion,
+        Response = MsgBox(QStringLiteral("This message has not been saved, Exit anyway?"), Box::YesNo + Box::Question,
                           QStringLiteral("Exit"));
-        if (Response != vb::Yes) return;
+        if (Response != Answer::Yes) return;
     }
     closing_ = true;
     close();
@@ -191,9 +191,9 @@ void frmMessageNew::cmdClose_Click() {
 void frmMessageNew::closeEvent(QCloseEvent* event) {
     // The window's own close box asks the same question as the button.
     if (!closing_ && HasUnsavedText()) {
-        Response = MsgBox(QStringLiteral("This message has not been saved, Exit anyway?"), vb::vbYesNo + vb::vbQuestion,
+        Response = MsgBox(QStringLiteral("This message has not been saved, Exit anyway?"), Box::YesNo + Box::Question,
                           QStringLiteral("Exit"));
-        if (Response != vb::Yes) {
+        if (Response != Answer::Yes) {
             event->ignore();
             return;
         }

@@ -101,8 +101,8 @@ void frmReminder::cmdClose_Click() {
     if (!chkRemindAgain->isChecked()) {
         Response = MsgBox(QStringLiteral("This message has not been marked for further notification so it will be "
                                          "deleted. Do you want to continue?"),
-                          vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2, QStringLiteral("Continue"));
-        if (Response == vb::Yes) {
+                          Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Continue"));
+        if (Response == Answer::Yes) {
             cmdRemove_Click();
             return;
         }
@@ -146,5 +146,5 @@ void frmReminder::cmdHelp_Click() {
         clsCommunications::OpenLink(QUrl::fromLocalFile(help).toString());
         return;
     }
-    MsgBox(QStringLiteral("The help file could not be found."), vb::vbExclamation, QStringLiteral("Help"));
+    MsgBox(QStringLiteral("The help file could not be found."), Box::Exclamation, QStringLiteral("Help"));
 }

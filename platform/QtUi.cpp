@@ -21,31 +21,31 @@ int QtUi::MsgBox(const QString& prompt, int buttons, const QString& title, const
     box.setWindowTitle(title.isEmpty() ? DefaultBoxTitle() : title);
     box.setText(prompt);
     switch (buttons & 0x70) {
-    case vb::vbCritical: box.setIcon(QMessageBox::Critical); break;
-    case vb::vbQuestion: box.setIcon(QMessageBox::Question); break;
-    case vb::vbExclamation: box.setIcon(QMessageBox::Warning); break;
-    case vb::vbInformation: box.setIcon(QMessageBox::Information); break;
+    case Box::Critical: box.setIcon(QMessageBox::Critical); break;
+    case Box::Question: box.setIcon(QMessageBox::Question); break;
+    case Box::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case Box::Information: box.setIcon(QMessageBox::Information); break;
     default: break;
     }
     struct Choice { QMessageBox::StandardButton button; int code; };
     QList<Choice> choices;
     switch (buttons & 0x7) {
-    case vb::vbOKCancel: choices = {{QMessageBox::Ok, vb::OK}, {QMessageBox::Cancel, vb::Cancel}}; break;
-    case vb::vbAbortRetryIgnore:
-        choices = {{QMessageBox::Abort, vb::Abort}, {QMessageBox::Retry, vb::Retry}, {QMessageBox::Ignore, vb::Ignore}};
+    case Box::OKCancel: choices = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}}; break;
+    case Box::AbortRetryIgnore:
+        choices = {{QMessageBox::Abort, Answer::Abort}, {QMessageBox::Retry, Answer::Retry}, {QMessageBox::Ignore, Answer::Ignore}};
         break;
-    case vb::vbYesNoCancel:
-        choices = {{QMessageBox::Yes, vb::Yes}, {QMessageBox::No, vb::No}, {QMessageBox::Cancel, vb::Cancel}};
+    case Box::YesNoCancel:
+        choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
         break;
-    case vb::vbYesNo: choices = {{QMessageBox::Yes, vb::Yes}, {QMessageBox::No, vb::No}}; break;
-    case vb::vbRetryCancel: choices = {{QMessageBox::Retry, vb::Retry}, {QMessageBox::Cancel, vb::Cancel}}; break;
-    default: choices = {{QMessageBox::Ok, vb::OK}}; break;
+    case Box::YesNo: choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}; break;
+    case Box::RetryCancel: choices = {{QMessageBox::Retry, Answer::Retry}, {QMessageBox::Cancel, Answer::Cancel}}; break;
+    default: choices = {{QMessageBox::Ok, Answer::OK}}; break;
     }
     for (const Choice& c : choices) box.addButton(c.button);
-    const int defaultIndex = (buttons & vb::vbDefaultButton3) ? 2 : (buttons & vb::vbDefaultButton2) ? 1 : 0;
+    const int defaultIndex = (buttons & Box::DefaultButton3) ? 2 : (buttons & Box::DefaultButton2) ? 1 : 0;
     if (defaultIndex < choices.size()) box.setDefaultButton(choices[defaultIndex].button);
     QPushButton* help = nullptr;
-    if (buttons & vb::vbMsgBoxHelpButton) {
+    if (buttons & Box::HelpButton) {
         help = box.addButton(QMessageBox::Help);
         // Help opens the help file and leaves the question on screen.
         help->disconnect();
@@ -62,7 +62,7 @@ int QtUi::MsgBox(const QString& prompt, int buttons, const QString& title, const
     for (const Choice& c : choices)
         if (c.button == clicked) return c.code;
     // Closed by the window's own button: the cancel-like answer.
-    return choices.size() > 1 ? choices.last().code : vb::OK;
+    return choices.size() > 1 ? choices.last().code : Answer::OK;
 }
 
 QString QtUi::InputBox(const QString& prompt, const QString& title, const QString& def) {

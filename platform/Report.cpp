@@ -229,7 +229,7 @@ bool Report::Print(QWidget* parent, bool showDialog) const {
                                                   QStringLiteral("PDF files (*.pdf)"));
         if (path.isEmpty()) return false;
         if (SavePdf(path)) return true;
-        MsgBox(QStringLiteral("The report could not be written to %1.").arg(path), vb::vbExclamation, title_);
+        MsgBox(QStringLiteral("The report could not be written to %1.").arg(path), Box::Exclamation, title_);
         return false;
     }
     QPrinter printer(QPrinter::HighResolution);

@@ -7,11 +7,11 @@ namespace {
 
 int FirstButton(int buttons) {
     switch (buttons & 0x7) {
-    case vb::vbAbortRetryIgnore: return vb::Abort;
-    case vb::vbYesNoCancel:
-    case vb::vbYesNo: return vb::Yes;
-    case vb::vbRetryCancel: return vb::Retry;
-    default: return vb::OK;
+    case Box::AbortRetryIgnore: return Answer::Abort;
+    case Box::YesNoCancel:
+    case Box::YesNo: return Answer::Yes;
+    case Box::RetryCancel: return Answer::Retry;
+    default: return Answer::OK;
     }
 }
 

@@ -5,25 +5,29 @@
 class QDialog;
 class QWidget;
 
-// Answer codes and box flags, numbered as the program's boxes have always been.
-namespace vb {
+// The answer a box returns, and the flags that choose its buttons, icon and
+// default button. The numbers are fixed: settings and tests store them.
+namespace Answer {
 enum : int { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+}  // namespace Answer
+
+namespace Box {
 enum : int {
-    vbOKOnly = 0,
-    vbOKCancel = 1,
-    vbAbortRetryIgnore = 2,
-    vbYesNoCancel = 3,
-    vbYesNo = 4,
-    vbRetryCancel = 5,
-    vbCritical = 16,
-    vbQuestion = 32,
-    vbExclamation = 48,
-    vbInformation = 64,
-    vbDefaultButton2 = 256,
-    vbDefaultButton3 = 512,
-    vbMsgBoxHelpButton = 16384
+    OKOnly = 0,
+    OKCancel = 1,
+    AbortRetryIgnore = 2,
+    YesNoCancel = 3,
+    YesNo = 4,
+    RetryCancel = 5,
+    Critical = 16,
+    Question = 32,
+    Exclamation = 48,
+    Information = 64,
+    DefaultButton2 = 256,
+    DefaultButton3 = 512,
+    HelpButton = 16384
 };
-}  // namespace vb
+}  // namespace Box
 
 // Every box, input box, file dialog and modal screen goes through here, so that
 // tests can answer them and see what the user would have seen.

@@ -65,10 +65,10 @@ bool clsManufacturer::DeleteManufacturer(const QString& name) {
                     kCrLf + QStringLiteral(" • Click 'Yes' to delete this Manufacturer.") + kCrLf +
                     QStringLiteral(" • Click 'No' to reset the Manufacturer to 'Any'.") + kCrLf +
                     QStringLiteral(" • Click 'Cancel' to Exit."),
-                vb::vbYesNoCancel + vb::vbQuestion, QStringLiteral("Products Found"));
-            if (answer == vb::Cancel) return false;
+                Box::YesNoCancel + Box::Question, QStringLiteral("Products Found"));
+            if (answer == Answer::Cancel) return false;
             while (!products.IsEOF()) {
-                if (answer == vb::Yes) {
+                if (answer == Answer::Yes) {
                     // The history is looked up by its own key, not by ItemID;
                     // that is how the clean-up has always matched.
                     DeleteEveryRow(QStringLiteral("Select * FROM SpendHistory WHERE [SpendID] = ") +

@@ -121,7 +121,7 @@ void clsProduct::AddToInventory(const QString& name) {
             if (MsgBox(QStringLiteral("That Item is already in Inventory but will be marked as empty in") +
                            QString::number(days) + QStringLiteral(" days.") + kCrLf +
                            QStringLiteral("Would you still like to add this Item to Inventory?"),
-                       vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Item")) != vb::Yes)
+                       Box::YesNo + Box::Question, QStringLiteral("Add Item")) != Answer::Yes)
                 return;
         }
         r.setField(QStringLiteral("LastPurchasedDate"), TodayAtMidnight());
@@ -150,7 +150,7 @@ void clsProduct::Delete(const QString& name) {
         }
         if (MsgBox(name + QStringLiteral(" is on the ") + TextOf(list.Field(QStringLiteral("Name"))) +
                        QStringLiteral(" Shopping List. Do you still wish to delete it?"),
-                   vb::vbYesNo + vb::vbQuestion, QStringLiteral("Confirm Delete")) == vb::Yes) {
+                   Box::YesNo + Box::Question, QStringLiteral("Confirm Delete")) == Answer::Yes) {
             product.Delete();
             list.Delete();
             deleted = true;
@@ -200,14 +200,14 @@ void clsProduct::ExportList() {
         const QString path = ExportFile();
         if (QFile::exists(path)) {
             if (MsgBox(QStringLiteral("There is a previous Product List file, Overwrite it?"),
-                       vb::vbYesNo + vb::vbQuestion, QStringLiteral("Over-Write")) != vb::Yes)
+                       Box::YesNo + Box::Question, QStringLiteral("Over-Write")) != Answer::Yes)
                 return true;
             QFile::remove(path);
         }
         Recordset r;
         r.Open(QStringLiteral("SELECT * FROM Product"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
         if (r.IsEOF()) {
-            MsgBox(QStringLiteral("There are not Products to export."), vb::vbOKOnly, QStringLiteral("Notice"));
+            MsgBox(QStringLiteral("There are not Products to export."), Box::OKOnly, QStringLiteral("Notice"));
             return true;
         }
         QString text;
@@ -287,6 +287,6 @@ std::optional<Currency> clsProduct::TypedCost(const QString& text) {
     const std::optional<Currency> cost = CostFromText(text);
     if (!cost)
         MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."),
-               vb::vbExclamation, QStringLiteral("Cost Error"));
+               Box::Exclamation, QStringLiteral("Cost Error"));
     return cost;
 }

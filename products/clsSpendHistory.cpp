@@ -55,7 +55,7 @@ void clsSpendHistory::PurgeExpired(int mode, qint32 itemID, bool& result) {
         r.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
         if (mode == 1 && !r.IsEOF() &&
             MsgBox(QStringLiteral("That Product has a Cost History, are you certain that you wish to delete it?"),
-                   vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2, QStringLiteral("Delete Product")) == vb::No)
+                   Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Delete Product")) == Answer::No)
             return;
         WriteBatch batch(ConnectionMain());
         while (!r.IsEOF()) {

@@ -146,7 +146,7 @@ void frmProductDetail::Form_Load() {
 bool frmProductDetail::cmdSave_Click() {
     const QString name = txtProduct->text().trimmed();
     if (name.isEmpty()) {
-        MsgBox(QStringLiteral("Please enter the name of the Product."), vb::vbOKOnly, QStringLiteral("Notice"));
+        MsgBox(QStringLiteral("Please enter the name of the Product."), Box::OKOnly, QStringLiteral("Notice"));
         return false;
     }
     const std::optional<Currency> cost = clsProduct::TypedCost(txtCost->text());

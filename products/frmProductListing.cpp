@@ -163,7 +163,7 @@ void frmProductListing::mnuDeleteItem_Click() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     if (MsgBox(QStringLiteral("This will permanently delete ") + name + QStringLiteral(". Do you want to Continue?"),
-               vb::vbYesNo + vb::vbQuestion, QStringLiteral("Confirm Delete")) != vb::Yes)
+               Box::YesNo + Box::Question, QStringLiteral("Confirm Delete")) != Answer::Yes)
         return;
     clsProduct().Delete(name);
 }

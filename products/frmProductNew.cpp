@@ -161,7 +161,7 @@ void frmProductNew::cboManufacturer_LostFocus() {
     const QString text = cboManufacturer->currentText().trimmed();
     if (!clsStore().Exists(text) || cboStore->currentText() == text) return;
     if (MsgBox(text + QStringLiteral(" is also a Store Name. Would you like to set this as this Item's Store as well?"),
-               vb::vbYesNo + vb::vbQuestion, QStringLiteral("Set Store")) == vb::Yes)
+               Box::YesNo + Box::Question, QStringLiteral("Set Store")) == Answer::Yes)
         cboStore->setCurrentText(text);
 }
 
@@ -171,7 +171,7 @@ void frmProductNew::cboStore_LostFocus() {
     clsStore store;
     if (store.Exists(name)) return;
     if (MsgBox(QStringLiteral("Would you like to add the Store ") + name + QStringLiteral(" to the database?"),
-               vb::vbYesNo + vb::vbQuestion, QStringLiteral("Add Store")) != vb::Yes)
+               Box::YesNo + Box::Question, QStringLiteral("Add Store")) != Answer::Yes)
         return;
     store.Name(name);
     store.IsleCount(1);
@@ -182,7 +182,7 @@ bool frmProductNew::txtCost_Validate() {
     const QString bare = Bare(txtCost->text());
     if (bare.isEmpty()) {
         if (!Chosen(cboStore)) return true;
-        MsgBox(QStringLiteral("If a Store is selected, you must enter a cost for the item at that Store."), vb::vbOKOnly,
+        MsgBox(QStringLiteral("If a Store is selected, you must enter a cost for the item at that Store."), Box::OKOnly,
                QStringLiteral("Notice"));
         cboStore->setCurrentText(Placeholder());
         return false;
@@ -199,7 +199,7 @@ bool frmProductNew::txtCost_Validate() {
 void frmProductNew::cmdAddProduct_Click() {
     const QString name = txtProduct->text().trimmed();
     if (name.isEmpty()) {
-        MsgBox(QStringLiteral("Please enter the name of the Product."), vb::vbOKOnly, QStringLiteral("Notice"));
+        MsgBox(QStringLiteral("Please enter the name of the Product."), Box::OKOnly, QStringLiteral("Notice"));
         txtProduct->setFocus();
         return;
     }

@@ -87,8 +87,8 @@ QString clsCalendar::WriteData(const QString& FileBaseName) {
 
         Response = MsgBox(name + QStringLiteral(".vcs was") + QStringLiteral(" created.") + kCrLf +
                                       QStringLiteral("Would you like to sent it to someone? "),
-                                  vb::vbYesNo + vb::vbQuestion, QStringLiteral("Send Calendar Event"));
-        if (Response == vb::Yes) {
+                                  Box::YesNo + Box::Question, QStringLiteral("Send Calendar Event"));
+        if (Response == Answer::Yes) {
             const QString address = InputBox(QStringLiteral("What email address would you like to send it to?"),
                                              QStringLiteral("Email Address"));
             // An empty answer is the input box's Cancel.

@@ -90,7 +90,7 @@ bool clsCookBook::Exists(const QString& name) {
 
 void clsCookBook::Rename(const QString& oldName, const QString& newName) {
     if (oldName == QLatin1String("General")) {
-        MsgBox(QStringLiteral("The 'General' cookbook cannot be renamed."), vb::vbExclamation,
+        MsgBox(QStringLiteral("The 'General' cookbook cannot be renamed."), Box::Exclamation,
                QStringLiteral("Can't Rename"));
         return;
     }
@@ -127,6 +127,6 @@ void clsCookBook::ExportCookBook(const QString& cookbook, int format, bool useRe
         Response = MsgBox(QStringLiteral("Would you like to use the Report format or the Website format?") +
                               QStringLiteral("\r\n") +
                               QStringLiteral("  Click 'Yes' for the Report Format, and 'No' for the Website format."),
-                          vb::vbYesNo, QStringLiteral("Select Format"));
+                          Box::YesNo, QStringLiteral("Select Format"));
     });
 }

@@ -249,7 +249,7 @@ void clsRecipies::RenameRecipie(const QString& oldTitle, const QString& newTitle
     // The row itself is written anew by the entry screen; this carries the new
     // title to everything that copies it.
     if (newTitle.isEmpty()) {
-        MsgBox(oldTitle + QStringLiteral(" was not renamed!"), vb::vbExclamation);
+        MsgBox(oldTitle + QStringLiteral(" was not renamed!"), Box::Exclamation);
         return;
     }
     RecipeComparisons& compare = RecipeComparisons::Instance();
@@ -568,7 +568,7 @@ void clsRecipies::SetRecipeImage(const QString& title, const QString& file) {
         rs.Open(QStringLiteral("SELECT [ImageFile],[Title] FROM Recipie WHERE [Title] = ") + SqlText(title),
                 ConnectionMain(), adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) {
-            MsgBox(title + QStringLiteral(" is not in the Database!"), vb::vbInformation, QStringLiteral("Notice"));
+            MsgBox(title + QStringLiteral(" is not in the Database!"), Box::Information, QStringLiteral("Notice"));
             return;
         }
         rs.setField(QStringLiteral("ImageFile"), file);

@@ -28,7 +28,7 @@ bool clsIsleMap::WriteNew() {
         if (!IsleOrderCorrect(category_, isle_, order_)) {
             MsgBox(QStringLiteral("The Isle ") + isle_ + QStringLiteral(" already exists with the Isle Order of ") +
                        QString::number(foundOrder_) + QStringLiteral(" so, this Isle will not be saved."),
-                   vb::vbOKOnly, QStringLiteral("Notice"));
+                   Box::OKOnly, QStringLiteral("Notice"));
             return false;
         }
         OpenForAdd(QStringLiteral("IsleMap"));

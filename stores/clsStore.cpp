@@ -99,7 +99,7 @@ bool clsStore::IsPossibleManufacturer(const QString& name) {
 
 void clsStore::ChangeName(const QString& oldName, const QString& newName) {
     if (!Exists(oldName)) {
-        MsgBox(oldName + QStringLiteral(" does not exist, please choose a different name."), vb::vbOKOnly,
+        MsgBox(oldName + QStringLiteral(" does not exist, please choose a different name."), Box::OKOnly,
                QStringLiteral("Exists"));
         return;
     }
@@ -113,7 +113,7 @@ void clsStore::ChangeName(const QString& oldName, const QString& newName) {
 
 void clsStore::DeleteStore(const QString& name) {
     if (!Exists(name)) {
-        MsgBox(name + QStringLiteral(" doesn't exist, please choose a different name."), vb::vbOKOnly,
+        MsgBox(name + QStringLiteral(" doesn't exist, please choose a different name."), Box::OKOnly,
                QStringLiteral("Exists"));
         return;
     }
@@ -139,14 +139,14 @@ void clsStore::ExportStoreFile(const QString& name) {
         r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + SqlText(name), ConnectionMain(),
                adOpenKeyset, adLockReadOnly);
         if (r.IsEOF()) {
-            MsgBox(QStringLiteral("There are no Isles mapped for ") + name + QStringLiteral("."), vb::vbOKOnly,
+            MsgBox(QStringLiteral("There are no Isles mapped for ") + name + QStringLiteral("."), Box::OKOnly,
                    QStringLiteral("Notice"));
             return;
         }
         QDir().mkpath(Registry().ExportFilePath());
         if (QFile::exists(path) &&
-            MsgBox(path + QStringLiteral(" has already been exported, Over-write file?"), vb::vbYesNo + vb::vbQuestion,
-                   QStringLiteral("Over-write")) == vb::No)
+            MsgBox(path + QStringLiteral(" has already been exported, Over-write file?"), Box::YesNo + Box::Question,
+                   QStringLiteral("Over-write")) == Answer::No)
             return;
 
         QString text;
@@ -159,7 +159,7 @@ void clsStore::ExportStoreFile(const QString& name) {
         TextFile::Write(path, text);
 
         if (MsgBox(QStringLiteral("Would you like to mail ") + name + QStringLiteral(" to someone?"),
-                   vb::vbYesNo + vb::vbQuestion, QStringLiteral("Mail Store")) == vb::Yes)
+                   Box::YesNo + Box::Question, QStringLiteral("Mail Store")) == Answer::Yes)
             clsCommunications().SendEmail(QString(), name, QString(), path);
     });
 }
@@ -168,7 +168,7 @@ void clsStore::ImportStoreFile(const QString& path) {
     Trap(QStringLiteral("Store.ImportStoreFile"), [&] {
         std::vector<StoreMapFile::Record> records;
         if (!StoreMapFile::Read(path, records)) {
-            MsgBox(QStringLiteral("There Appears to be a problem with this Store Map file."), vb::vbCritical,
+            MsgBox(QStringLiteral("There Appears to be a problem with this Store Map file."), Box::Critical,
                    QStringLiteral("File Problem"));
             return;
         }

@@ -51,7 +51,7 @@ TEST_F(StartTest, BackupReminderComesAfterSevenWholeDays) {
         EXPECT_EQ(ui.count(), 0);
     }
     Registry().LastBackup("11/14/2026");
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 1);
@@ -64,8 +64,8 @@ TEST_F(StartTest, BackupReminderComesAfterSevenWholeDays) {
     EXPECT_EQ(box.helpFile, Registry().HelpFile());
 
     ui.clear();
-    ui.answer(vb::Yes);
-    ui.answer(vb::OK);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::OK);
     frmMain again;
     again.Form_Load();
     EXPECT_EQ(ui.prompts().last(), "Add Code!");
@@ -73,7 +73,7 @@ TEST_F(StartTest, BackupReminderComesAfterSevenWholeDays) {
 
 TEST_F(StartTest, NeverBackedUpIsSaidOnce) {
     Registry().BackupReminder(true);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 1);
@@ -85,7 +85,7 @@ TEST_F(StartTest, NeverBackedUpIsSaidOnce) {
 TEST_F(StartTest, CompactAtStartReportsBecauseTheConnectionIsNotOpenYet) {
     Registry().DBCompact(2);
     CloseDatabase();
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     frmMain w;
     w.Form_Load();
     ASSERT_GE(ui.count(), 1);
@@ -97,11 +97,11 @@ TEST_F(StartTest, CompactAtStartReportsBecauseTheConnectionIsNotOpenYet) {
 TEST_F(StartTest, AMissingDatabaseSaysSoAndTheRestFailsIntoTheHandler) {
     CloseDatabase();
     QFile::remove(HomeFile("Larderkeep.mdb"));
-    ui.answer(vb::OK);  // missing database
-    ui.answer(vb::OK);  // the exit check cannot read its messages
-    ui.answer(vb::OK);  // the message centre's own handlers report
-    ui.answer(vb::OK);
-    ui.answer(vb::OK);  // the next step without one ends the start
+    ui.answer(Answer::OK);  // missing database
+    ui.answer(Answer::OK);  // the exit check cannot read its messages
+    ui.answer(Answer::OK);  // the message centre's own handlers report
+    ui.answer(Answer::OK);
+    ui.answer(Answer::OK);  // the next step without one ends the start
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 5);
@@ -126,7 +126,7 @@ TEST_F(StartTest, ACorruptDatabaseIsRefusedAndLeftAsItWas) {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(junk);
     }
-    for (int i = 0; i < 5; ++i) ui.answer(vb::OK);
+    for (int i = 0; i < 5; ++i) ui.answer(Answer::OK);
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 5);
@@ -157,7 +157,7 @@ TEST_F(StartTest, QuickSearchFileIsKeptOnlyWhenAsked) {
 
 TEST_F(StartTest, AMissingDictionaryTurnsSpellCheckOff) {
     QFile::remove(HomeFile("dictionary.dic"));
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 1);
@@ -262,7 +262,7 @@ TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabase) {
 
 TEST_F(StartTest, UnmappedToolbarKeysSayComingSoon) {
     frmMain w;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.tbMain_ButtonClick("Calculator");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon, please use the Menus.");

@@ -106,12 +106,12 @@ TEST_F(CommandTest, EveryCommandIsInTheMenusAndOnlyBuiltOnesAreEnabled) {
 TEST_F(CommandTest, ToolbarKeysRunTheirCommandsOrSayComingSoon) {
     frmMain w;
     // A key with no command of its own.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.tbMain_ButtonClick("Calendar");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon, please use the Menus.");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.tbReports_ButtonClick("SpendReport");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
 
@@ -201,12 +201,12 @@ TEST_F(CommandTest, FavouriteComparisonAndDeletionActOnTheSelectedRecipe) {
     EXPECT_EQ(fishInSoup->data(MainPanes::ImageKeyRole).toString(), "RecipeFavorite");
 
     // Deleting asks first; No keeps it.
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     w.mnuPOPDeleteRecipie_Click();
     EXPECT_EQ(ui.lastBox().title, "Delete Recipe");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_NE(Recipe("Fish", "Fish Stew"), nullptr);
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     w.mnuPOPDeleteRecipie_Click();
     EXPECT_EQ(Recipe("Fish", "Fish Stew"), nullptr);
     EXPECT_EQ(Recipe("Soup", "Fish Stew"), nullptr);
@@ -270,7 +270,7 @@ TEST_F(CommandTest, HeaderClicksAndTheSortButtonsSortTheActiveList) {
 
 TEST_F(CommandTest, ReprintNeedsACopyOfTheLastReport) {
     frmMain w;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.mnuReprintLastReport_Click();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().title, "Notice");
@@ -280,7 +280,7 @@ TEST_F(CommandTest, ReprintNeedsACopyOfTheLastReport) {
 
     // A copy that was moved away counts as none; so does REPORT_BACKUP off.
     LastReportFile = HomeFile("Gone.htm");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.mnuReprintLastReport_Click();
     EXPECT_EQ(ui.count(), 2);
     {
@@ -290,7 +290,7 @@ TEST_F(CommandTest, ReprintNeedsACopyOfTheLastReport) {
     }
     LastReportFile = HomeFile("Message.htm");
     Registry().SaveReportCopy(false);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.mnuReprintLastReport_Click();
     EXPECT_EQ(ui.count(), 3);
 
@@ -323,12 +323,12 @@ TEST_F(CommandTest, QuickStartChooserWritesTheCheckedKeysAndRefillsThePane) {
     // Unsaved changes are asked about; No keeps the window open.
     form.show();
     form.lvQSItems->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     form.cmdClose_Click();
     EXPECT_EQ(ui.lastBox().prompt, "The Current List has changed and has not been saved. Do you wish to continue?");
     EXPECT_EQ(ui.lastBox().title, "Continue");
     EXPECT_TRUE(form.isVisible());
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     form.cmdClose_Click();
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(Registry().QuickViewOptions(), "Coupon::Nutrition");
@@ -348,7 +348,7 @@ TEST_F(CommandTest, QuickStartChooserWritesTheCheckedKeysAndRefillsThePane) {
 
 TEST_F(CommandTest, AQuickStartShortcutWithoutItsScreenSaysSo) {
     frmMain w;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.lvQuickStart_DblClick("Coupon");
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
@@ -439,13 +439,13 @@ TEST_F(CommandTest, StoreProductAndManufacturerCommandsAreWired) {
     ui.answerInput("Joe's");
     w.menus.value("mnuAddNewStore")->trigger();
     ui.answerInput("Joe's");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.menus.value("mnuAddNewStore")->trigger();
     EXPECT_EQ(ui.lastBox().prompt, "Joe's is already on file.");
     ui.answerInput("  Kid's Snacks ");
     w.menus.value("mnuEnterItemCategories")->trigger();
     ui.answerInput("Kid's Snacks");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.menus.value("mnuEnterItemCategories")->trigger();
     EXPECT_EQ(rows::Count("SELECT * FROM Store WHERE [Name] = 'Joe''s'"), 1);
     EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Kid''s Snacks'"), 1);
@@ -466,7 +466,7 @@ TEST_F(CommandTest, StoreProductAndManufacturerCommandsAreWired) {
 
     // Exporting asks which store first.
     ui.answerModal([](QDialog* dialog) { return dialog->metaObject()->className() == QString("frmSelectStore") ? 1 : 0; });
-    ui.answer(vb::No);  // no mail
+    ui.answer(Answer::No);  // no mail
     w.menus.value("mnuExportStoreMap")->trigger();
     EXPECT_EQ(ui.lastBox().prompt, "Would you like to mail Corner Shop to someone?");
 

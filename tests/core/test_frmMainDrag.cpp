@@ -55,7 +55,7 @@ protected:
 
 TEST_F(DragTest, ADayBeforeTodayIsRefusedAndNothingChanges) {
     frmMain w;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 21));
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "This date is before today and cannot be added, Please reselect.");
@@ -67,13 +67,13 @@ TEST_F(DragTest, ADayBeforeTodayIsRefusedAndNothingChanges) {
 
 TEST_F(DragTest, AFreeDayGetsTheRecipeAsAMealAndTheListQuestionFollows) {
     frmMain w;
-    ui.answer(vb::Yes);  // add the meal
-    ui.answer(vb::No);   // not to the list
+    ui.answer(Answer::Yes);  // add the meal
+    ui.answer(Answer::No);   // not to the list
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 22));  // today is allowed
     ASSERT_EQ(ui.count(), 2);
     EXPECT_EQ(ui.boxes()[0].prompt, "Do you wish to add Leek Soup as a meal on Sunday, Nov 22 2026 ?");
     EXPECT_EQ(ui.boxes()[0].title, "Add Meal?");
-    EXPECT_EQ(ui.boxes()[0].buttons, vb::vbYesNo + vb::vbQuestion);
+    EXPECT_EQ(ui.boxes()[0].buttons, Box::YesNo + Box::Question);
     EXPECT_EQ(ui.boxes()[1].prompt, "Do you wish to add Leek Soup to the current shopping list?");
     EXPECT_EQ(ui.boxes()[1].title, "Add to Shoppinglist");
 
@@ -89,14 +89,14 @@ TEST_F(DragTest, AFreeDayGetsTheRecipeAsAMealAndTheListQuestionFollows) {
     EXPECT_EQ(meal->child(0)->text(), "Leek Soup");
 
     // The same day again: the day keeps its one meal.
-    ui.answer(vb::Yes);
-    ui.answer(vb::No);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::No);
     w.calMeals_DragDrop("Apple Pie", QDate(2026, 11, 22));
     EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
 
     // No to the meal ends it there.
     ui.clear();
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     w.calMeals_DragDrop("Apple Pie", QDate(2026, 12, 1));
     EXPECT_EQ(ui.count(), 1);
     EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
@@ -105,9 +105,9 @@ TEST_F(DragTest, AFreeDayGetsTheRecipeAsAMealAndTheListQuestionFollows) {
 TEST_F(DragTest, YesToTheListAfterACalendarDropReachesListGeneration) {
     frmMain w;
     Registry().CurrentShoppingList("Weekly");
-    ui.answer(vb::Yes);
-    ui.answer(vb::Yes);
-    ui.answer(vb::OK);  // generation is not there yet and says so
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::OK);  // generation is not there yet and says so
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 30));
     ASSERT_EQ(ui.count(), 3);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
@@ -123,18 +123,18 @@ TEST_F(DragTest, OnlyACategoryTakesARecipe) {
     ASSERT_NE(soup, nullptr);
     ASSERT_NE(pies, nullptr);
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.tvRecipes_DragDrop("Apple Pie", soup->child(0));
     EXPECT_EQ(ui.lastBox().prompt, "A Recipe can only be added to a Category.");
     EXPECT_EQ(ui.lastBox().title, "Cannot Do");
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     w.tvRecipes_DragDrop("Apple Pie", soup);
     EXPECT_EQ(ui.lastBox().prompt, "Add Apple Pie to the Soup?");
     EXPECT_EQ(ui.lastBox().title, "Add Category");
     EXPECT_EQ(soup->rowCount(), 1);
 
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     w.tvRecipes_DragDrop("Apple Pie", soup);
     EXPECT_EQ(Value("SELECT [Style] FROM Recipie WHERE [Title] = 'Apple Pie'", "Style").toString(), "Pies,Soup");
     EXPECT_EQ(soup->rowCount(), 2);
@@ -148,15 +148,15 @@ TEST_F(DragTest, OnlyACategoryTakesARecipe) {
 TEST_F(DragTest, ADropOnTheListAsksAboutTheDefaultListUnlessToldNotTo) {
     frmMain w;
     Registry().CurrentShoppingList("Weekly");
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     w.lvCurrentList_DragDrop("Leek Soup");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Add Leek Soup to Weekly ?");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
 
     // Without the question the drop goes straight to generation.
     Registry().PromptBeforeAddSet(false);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.lvCurrentList_DragDrop("Leek Soup");
     EXPECT_EQ(ui.count(), 2);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");

@@ -228,7 +228,7 @@ TEST_F(PaneTest, CouponsPastTheirDateTurnRedAndNearOnesWarnThenTheSettingActs) {
     coupon("Smudged", "next Tuesday");
     frmMain w;
     panes.AddNode(panes.coupons, "", "Root", "Coupons");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.LoadCoupons();
     EXPECT_EQ(ui.lastBox().prompt, "There are Coupons that are going to expire in the next 5 days.");
     EXPECT_EQ(ui.lastBox().title, "Pending Expiration");

@@ -84,11 +84,11 @@ TEST_F(CouponTest, AProductOnlyMatchFailsIntoTheCallersHandler) {
 TEST_F(CouponTest, TheNotExactQuestionNamesTheCouponAndNoForgetsIt) {
     FoundCouponID = AddCoupon(" Acme ", "Milk ", " 1 gal");
     clsCoupon coupon;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     coupon.GetExistingCouponResponse();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().title, "Coupon Alert");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
     EXPECT_EQ(ui.lastBox().prompt,
               QString("A coupon was found for that item but it is not an exact match. You you like to use the found "
                       "Coupon? \r\n\r\n       \u2022 Product: Milk\r\n       \u2022 Manufacturer: Acme\r\n"
@@ -109,10 +109,10 @@ TEST_F(CouponTest, ReservingAndReleasing) {
     EXPECT_EQ(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(id), "OwnerList"), QVariant(QString()));
 
     // Numbers pass through a 16-bit integer.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     coupon.MarkCouponList(40000, "Week");
     EXPECT_EQ(ui.lastBox().prompt, "Error: Overflow (Occurred in Coupon.MarkCouponList)");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(coupon.ReleaseCouponList(40000, "Week"));
     EXPECT_EQ(ui.lastBox().prompt, "Error: Overflow (Occurred in Coupon.ReleaseCouponList)");
 }
@@ -155,7 +155,7 @@ TEST_F(CouponTest, AWordForADateStopsThePurgeWithWhatWasDoneKept) {
     AddCoupon("Acme", "Soap", "bar", "someday");
     AddCoupon("Acme", "Tea", "box", "11/02/2026");
     clsCoupon coupon;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     coupon.AutoPurge(false, true);
     EXPECT_EQ(ui.lastBox().prompt, "Error: Type mismatch (Occurred in Coupon.AutoPurge)");
     // The first was marked before the walk stopped; nothing was deleted yet.
@@ -211,11 +211,11 @@ TEST_F(CouponTest, ExpiryCheckWarnsAheadButReddensOnlyThePast) {
     EXPECT_FALSE(clsCoupon::ExpireAction(pending));
     EXPECT_EQ(ui.count(), 0);
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(clsCoupon::ExpireAction(true));
     EXPECT_EQ(ui.lastBox().prompt, "There are Coupons that are going to expire in the next 3 days.");
     EXPECT_EQ(ui.lastBox().title, "Pending Expiration");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbInformation);
+    EXPECT_EQ(ui.lastBox().buttons, Box::Information);
 
     Registry().CouponExpiredAction(2);
     EXPECT_TRUE(clsCoupon::ExpireAction(true));
@@ -278,7 +278,7 @@ TEST_F(CouponTest, ACouponEnteredForAListedItemReservesByTheListRowsNumber) {
     }
 
     clsCoupon coupon;
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     coupon.CheckForExistingList("Milk");
     EXPECT_EQ(ui.lastBox().prompt, "A product similar to Milk is already on Week, do you want to use this coupon?");
     EXPECT_EQ(ui.lastBox().title, "Use Coupon?");
@@ -301,7 +301,7 @@ TEST_F(CouponTest, TheUncalledHelpersStillAnswer) {
 
     coupon.UpdateCoupons("Acme", "Crackers", "", "Week");
     EXPECT_EQ(Column("SELECT * FROM Coupons WHERE [Product] = 'Soup Crackers'", "OwnerList").toString(), "Week");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     coupon.UpdateCoupons("Acme", "Joe's", "", "Week");
     EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurred in Coupon.UpdateCoupons)"));
 }

@@ -29,10 +29,10 @@ TEST_F(GuestServedTest, ServingTwiceAsksAndTheAnswerIsTheResult) {
     served.GuestName("Ann");
     served.RecipeName("Chili");
     ASSERT_TRUE(served.WriteNew());
-    EXPECT_EQ(served.RecipeServed("Chili", "Bob"), vb::Yes);
+    EXPECT_EQ(served.RecipeServed("Chili", "Bob"), Answer::Yes);
     EXPECT_EQ(ui.count(), 0);
-    ui.answer(vb::No);
-    EXPECT_EQ(served.RecipeServed(" Chili ", "Ann"), vb::No);
+    ui.answer(Answer::No);
+    EXPECT_EQ(served.RecipeServed(" Chili ", "Ann"), Answer::No);
     EXPECT_EQ(ui.lastBox().prompt, "The Recipe,  Chili , has already been served to Ann. Do you wish to continue?");
     EXPECT_EQ(ui.lastBox().title, "Notice");
     EXPECT_EQ(ui.lastBox().buttons, 36);

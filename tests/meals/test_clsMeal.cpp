@@ -62,7 +62,7 @@ TEST_F(MealTest, AuditWithPurgeDeletesPastMealsAndSaysHowMany) {
     Dated("Saturday, Nov 21 2026", "2026-11-21");
     const qint32 today = Dated("Sunday, Nov 22 2026", "2026-11-22");
     const qint32 later = Dated("Friday, Dec 25 2026", "2026-12-25");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsMeal().AuditMeals();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "2 Meal(s) were deleted by the Auto-Purge process.");
@@ -80,7 +80,7 @@ TEST_F(MealTest, AuditOtherwiseMovesPastMealsOnOneWeekAndKeepsTheirNames) {
     const qint32 weeks = Dated("Sunday, Nov 1 2026", "2026-11-01");
     const qint32 yesterday = Dated("Saturday, Nov 21 2026", "2026-11-21");
     const qint32 future = Dated("Friday, Dec 25 2026", "2026-12-25");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsMeal().AuditMeals();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "2 Meal(s) dates were advanced 7 days by the Auto-Purge process.");
@@ -90,13 +90,13 @@ TEST_F(MealTest, AuditOtherwiseMovesPastMealsOnOneWeekAndKeepsTheirNames) {
     EXPECT_EQ(MealValue(weeks, "Name").toString(), "Sunday, Nov 1 2026");
 
     // Still past: it moves once more at the next audit, and only it is counted.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsMeal().AuditMeals();
     EXPECT_EQ(ui.lastBox().prompt, "1 Meal(s) dates were advanced 7 days by the Auto-Purge process.");
     EXPECT_EQ(MealValue(weeks, "Dates").toString(), "2026-11-15");
 
     Registry().MealAction(3);  // any value but 1 advances
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsMeal().AuditMeals();
     EXPECT_EQ(MealValue(weeks, "Dates").toString(), "2026-11-22");
     EXPECT_EQ(ui.count(), 3);

@@ -156,7 +156,7 @@ TEST_F(ConversionsTest, ABadCellIsNamedAndTheStoredChartStaysWhole) {
     chart.SelectCell(cup, pt);
     chart.mnuHideConversion->trigger();
     chart.SelectCell(1, 1);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     chart.mnuSaveGrid->trigger();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, QStringLiteral("Error in Row: %1, Column: %2; 1/2, Please correct").arg(cup).arg(pt));
@@ -195,7 +195,7 @@ TEST_F(ConversionsTest, HidingTakesTheCurrentRowAndColumnAndShowAllBringsThemBac
 TEST_F(ConversionsTest, TheEditMenuOnlyAnswersThatItIsNotThere) {
     frmConversions chart;
     for (QAction* a : {chart.mnuEditCut, chart.mnuEditCopy, chart.mnuEditPaste, chart.mnuEditDelete}) {
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         a->trigger();
         EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
         EXPECT_EQ(ui.lastBox().title, "Coming Soon");

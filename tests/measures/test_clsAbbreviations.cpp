@@ -67,7 +67,7 @@ TEST_F(AbbreviationsTest, RemoveDeletesEveryRowOfTheUnitAndNothingElse) {
 
 TEST_F(AbbreviationsTest, AUnitTooLongForItsColumnIsReportedAndNotStored) {
     const int before = CountRows("SELECT * FROM Abbreviation");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsAbbreviations units;
     units.Abbreviation(QString(300, 'a'));
     units.Description("Long");

@@ -17,7 +17,7 @@ protected:
         EXPECT_EQ(box.kind, "MsgBox");
         EXPECT_EQ(box.prompt, "The Abbreviation has already been used, would you like to select another?");
         EXPECT_EQ(box.title, "Duplicate Abbreviation");
-        EXPECT_EQ(box.buttons, vb::vbYesNo + vb::vbQuestion);
+        EXPECT_EQ(box.buttons, Box::YesNo + Box::Question);
     }
 };
 
@@ -44,7 +44,7 @@ TEST_F(SizeTest, AFreeShortFormIsStoredWithoutAQuestion) {
 }
 
 TEST_F(SizeTest, ATakenShortFormIsKeptWhenThePersonSaysNo) {
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     clsSize().WriteNew("teacup", "cup");
     ExpectDuplicateQuestion(0);
     EXPECT_EQ(ui.count(), 1);
@@ -52,7 +52,7 @@ TEST_F(SizeTest, ATakenShortFormIsKeptWhenThePersonSaysNo) {
 }
 
 TEST_F(SizeTest, ATakenShortFormIsAskedForAgainUntilOneIsFree) {
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     ui.answerInput("tsp");  // taken as well
     ui.answerInput("tcp");
     clsSize().WriteNew("teacup", "cup");
@@ -64,7 +64,7 @@ TEST_F(SizeTest, ATakenShortFormIsAskedForAgainUntilOneIsFree) {
 }
 
 TEST_F(SizeTest, AnEmptyAnswerLeavesTheMeasureWithoutAShortForm) {
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     ui.answerInput("");
     clsSize sizes;
     sizes.WriteNew("mug", "cup");
@@ -80,7 +80,7 @@ TEST_F(SizeTest, AnEmptyAnswerLeavesTheMeasureWithoutAShortForm) {
 
 TEST_F(SizeTest, ATooLongNameIsReportedAndLeavesNoRow) {
     const int before = CountRows("SELECT * FROM ItemSize");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsSize().WriteNew(QString(300, 'x'), "xx");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().title, "Error");

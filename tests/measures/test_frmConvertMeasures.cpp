@@ -19,10 +19,10 @@ protected:
         EXPECT_TRUE(form.selectFromUnit(from));
         EXPECT_TRUE(form.selectToUnit(to));
         EXPECT_TRUE(form.cmdCalculate->isEnabled()) << quantity.toStdString();
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         form.cmdCalculate->click();
         EXPECT_EQ(ui.lastBox().title, "Result");
-        EXPECT_EQ(ui.lastBox().buttons, vb::vbInformation);
+        EXPECT_EQ(ui.lastBox().buttons, Box::Information);
         return ui.lastBox().prompt;
     }
     void SetConstant(const QString& from, const QString& to, const QVariant& value) {
@@ -77,7 +77,7 @@ TEST_F(ConvertMeasuresTest, CalculateOpensOnlyWithTwoMeasuresAndANumber) {
 TEST_F(ConvertMeasuresTest, ALoneFractionReportsAndBecomesZero) {
     frmConvertMeasures form;
     form.txtQuantity->setText("1/2");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     form.txtQuantity_LostFocus();
     EXPECT_EQ(ui.lastBox().prompt, "Error: Subscript out of range (Occurred in Convert.FractionToDecimal)");
     EXPECT_EQ(form.txtQuantity->text(), "0");
@@ -104,17 +104,17 @@ TEST_F(ConvertMeasuresTest, AMissingConstantOffersTheChart) {
     form.selectFromUnit("cup");
     form.selectToUnit("tbsp");
     SetConstant("cup", "tbsp", 0);  // a zero means no conversion is known
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     form.cmdCalculate->click();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "The required conversion constant does no exist, Do you wish to add it?");
     EXPECT_EQ(ui.lastBox().title, "Add Constant");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
 
     // An empty cell is reported first, then offered the same way.
     form.selectToUnit("g");
-    ui.answer(vb::OK);
-    ui.answer(vb::Yes);
+    ui.answer(Answer::OK);
+    ui.answer(Answer::Yes);
     QString opened;
     ui.answerModal([&](QDialog* d) {
         opened = d->objectName() + "|" + d->windowTitle();
@@ -135,7 +135,7 @@ TEST_F(ConvertMeasuresTest, AResultTooBigForTheFixedPointIsReportedNotShown) {
     form.txtQuantity->setText("1000");
     form.selectFromUnit("cup");
     form.selectToUnit("tbsp");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     form.cmdCalculate->click();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Error: Overflow (Occurred in frmConvertMeasures.cmdCalculate_Click)");

@@ -65,13 +65,13 @@ TEST_F(MeasureAbbreviationsTest, ClosingWithChangesAsksFirst) {
     AddRecipeWith("Bean Pot", {{1, "1%%tin%%beans%%"}});
     frmMeasureAbbreviations form;
     form.mnuFindUnlistedAbbr->trigger();
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     EXPECT_FALSE(CloseBox(form));
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "The current list of Abbreviations has changed. Do you wish to close this form?");
     EXPECT_EQ(ui.lastBox().title, "Cancel?");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion);
-    ui.answer(vb::Yes);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
+    ui.answer(Answer::Yes);
     form.mnuClose->trigger();
     EXPECT_EQ(form.result(), int(QDialog::Rejected));
     EXPECT_EQ(ui.count(), 2);

@@ -58,7 +58,7 @@ TEST_F(ConvertTest, BadQuantitiesReportAndGiveWhatWasReadSoFar) {
         {"2  1/2", "2", "Subscript out of range"},  // two blanks: the second word is empty
     };
     for (const Case& c : cases) {
-        if (c.error) ui.answer(vb::OK);
+        if (c.error) ui.answer(Answer::OK);
         EXPECT_EQ(FractionToDecimal(c.quantity).toString(), c.result) << c.quantity;
         if (c.error) {
             ASSERT_EQ(ui.count(), 1) << c.quantity;
@@ -69,7 +69,7 @@ TEST_F(ConvertTest, BadQuantitiesReportAndGiveWhatWasReadSoFar) {
         }
         ui.clear();
     }
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     FractionToDecimal(QString(400, '9') + " 1/2");  // beyond any number: reported, not a crash
     EXPECT_EQ(ui.count(), 1);
     ui.clear();
@@ -108,7 +108,7 @@ TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
     EXPECT_EQ(ui.count(), 0);
 
     // A fraction the reader refuses is reported under its own name and counts as 0.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(ConvertUnit("Baker's dozen", "1/2", "Roll"), "0");
     EXPECT_EQ(ui.prompts(), QStringList({"Error: Subscript out of range (Occurred in Convert.FractionToDecimal)"}));
     ui.clear();

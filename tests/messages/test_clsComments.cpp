@@ -25,7 +25,7 @@ TEST_F(CommentsTest, ACommentIsStoredAgainstItsRowKey) {
     EXPECT_EQ(ui.count(), 0);
 
     ConnectionMain().Close();
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(comments.AddComment("x", 1));
     EXPECT_EQ(ui.lastBox().prompt, "Error: Operation is not allowed when the object is closed. (Occurred in Comments.AddComment)");
 }
@@ -63,7 +63,7 @@ TEST_F(CommentsTest, OpenLoadsATextFileAndSaysSoWhenItCannot) {
     EXPECT_EQ(f.txtComments->toPlainText(), "Use less salt\nServe warm");
 
     ui.answerFile(HomeFile("gone.txt"));
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     f.tbEditor_ButtonClick("Open");
     EXPECT_EQ(ui.lastBox().prompt, "Error: File not found (Occurred in frmComment.GetComment)");
     EXPECT_EQ(f.txtComments->toPlainText(), "Use less salt\nServe warm");

@@ -125,7 +125,7 @@ TEST_F(MessagesTest, TitlesLongerThanFiftyAreRefusedByTheStoreAndLongBodiesAreNo
     EXPECT_EQ(MessageRows::Field(fifty, "Body").toString().size(), 100000);
 
     // The arguments go in as given; only the Subject member keeps 50.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(messages.WriteNew(fifty + "c", "body", "None", 2, 4));
     ExpectError("The field is too small to accept the amount of data you attempted to add.", "Message.WriteNew");
     EXPECT_EQ(MessageRows::Count(), 2);
@@ -140,23 +140,23 @@ TEST_F(MessagesTest, TitlesLongerThanFiftyAreRefusedByTheStoreAndLongBodiesAreNo
 TEST_F(MessagesTest, AFailedOperationReportsUnderItsOwnNameAndReturnsTheDefault) {
     ConnectionMain().Close();
     clsMessages messages;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(messages.Exists("x"));
     ExpectError("Operation is not allowed when the object is closed.", "Message.Exists");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(messages.DelMessage("x"));
     ExpectError("Operation is not allowed when the object is closed.", "Message.DelMessage");
     messages.ReminderTime(1);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(messages.UpdateMessage("x"));
     ExpectError("Operation is not allowed when the object is closed.", "Message.UpdateMessage");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(messages.PurgeExpired(), 0);
     ExpectError("Operation is not allowed when the object is closed.", "Messages.PurgeExpired");
 }
 
 TEST_F(MessagesTest, PurgeDeletesOnlyRealDatesBeforeNowAndTheirPaneItems) {
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsMessages none;
     EXPECT_EQ(none.PurgeExpired(), 0);
     EXPECT_EQ(ui.lastBox().prompt, "There are no expired Messages in the database.");
@@ -172,14 +172,14 @@ TEST_F(MessagesTest, PurgeDeletesOnlyRealDatesBeforeNowAndTheirPaneItems) {
     for (const char* t : {"Past one", "Past two", "Undated", "Garbled", "Blank", "Future"}) PaneRow(t);
 
     // The count takes in what sorts before now; the walk deletes only dates.
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     clsMessages messages;
     EXPECT_EQ(messages.PurgeExpired(), 0);
     EXPECT_EQ(ui.lastBox().prompt, "There are 4 messages, Are you sure?");
     EXPECT_EQ(ui.lastBox().title, "Delete Messages");
     EXPECT_EQ(MessageRows::Count(), 6);
 
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     EXPECT_EQ(messages.PurgeExpired(), 2);
     EXPECT_EQ(MessageRows::Count(), 4);
     EXPECT_FALSE(MessageRows::Field("Past one", "Title").isValid());
@@ -189,7 +189,7 @@ TEST_F(MessagesTest, PurgeDeletesOnlyRealDatesBeforeNowAndTheirPaneItems) {
 }
 
 TEST_F(MessagesTest, ExportWritesAWeekLongEventAndOffersToMailIt) {
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     clsMessages messages;
     const QString path = messages.ExportToOutlook("Dentist", "Bring the card", "11/25/2026");
     EXPECT_EQ(path, QDir(Home()).filePath("Dentist.vcs"));
@@ -203,7 +203,7 @@ TEST_F(MessagesTest, ExportWritesAWeekLongEventAndOffersToMailIt) {
     EXPECT_TRUE(links.isEmpty());
 
     // Without a date the due field stays empty; a Yes mails the file.
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     ui.answerInput("ann@example.com");
     const QString undated = messages.ExportToOutlook("Call Ann", "About Sunday");
     QFile second(undated);

@@ -44,13 +44,13 @@ TEST_F(CalendarEventsTest, DatedMessagesHangUnderOneRootMarkedByWhenTheyFall) {
 
 TEST_F(CalendarEventsTest, TooBusyMovesTodaysEventsToTomorrowAfterAYes) {
     frmCalendarEvents f;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     f.lblImTooBusy_Click();
     EXPECT_EQ(ui.lastBox().prompt, "This will Postpone all of todays events until tomorrow, Are you sure?");
     EXPECT_EQ(ui.lastBox().title, "Postpone?");
     EXPECT_EQ(MessageRows::Field("Bake bread", "Date").toString(), "2026-11-22");
 
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     f.lblImTooBusy_Click();
     EXPECT_EQ(MessageRows::Field("Bake bread", "Date").toString(), "2026-11-23");
     EXPECT_EQ(MessageRows::Field("Lunch today", "Date").toString(), "2026-11-23 13:00:00");

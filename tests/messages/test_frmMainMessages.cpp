@@ -135,13 +135,13 @@ TEST_F(MessageCentreTest, DisplayShowsTheStoredTextOrDropsAnItemThatIsGone) {
     EXPECT_EQ(display->windowTitle(), "Mom's birthday");
     EXPECT_EQ(display->lblDate->text(), "12/05/2026");
     EXPECT_EQ(display->txtMessage->toPlainText(), "Order the cake\nand candles");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     display->cmdExport_Click();
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
 
     Select(w, {1});
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     w.MessageDisplay();
     EXPECT_EQ(ui.lastBox().prompt,
               "The Message, entitled Vanished, could not be located so, it will be removed from view.");
@@ -155,14 +155,14 @@ TEST_F(MessageCentreTest, DeleteRemovesEverySelectedMessageAfterAYes) {
     w.LoadMessages();
     Select(w, {0, 2, 3});
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     w.mnuDeleteMessage_Click();
     EXPECT_EQ(ui.lastBox().prompt, "Do you wish to delete the selected Messages?");
     EXPECT_EQ(ui.lastBox().title, "Delete");
     EXPECT_EQ(ui.lastBox().buttons, 36);
     EXPECT_EQ(MessageRows::Count(), 4);
 
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     w.mnuDeleteMessage_Click();
     EXPECT_EQ(Titles(), QStringList({"Two"}));
     EXPECT_EQ(MessageRows::Count(), 1);
@@ -214,7 +214,7 @@ TEST_F(MessageCentreTest, AReportFolderThatCannotTakeTheCopyIsReportedAndForgott
     for (const QString& folder : {HomeFile("no/such/folder"), HomeFile("Larderkeep.mdb")}) {
         Registry().SaveReportDirectory(folder);
         ui.answerModal([](QDialog*) { return 0; });
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         w.mnuPrintMessage_Click();
         EXPECT_EQ(ui.lastBox().title, "Error");
         EXPECT_EQ(ui.lastBox().prompt, "Error: Path/File access error (Occurred in frmMain.mnuPrintMessage)");

@@ -42,12 +42,12 @@ TEST_F(MessageNewTest, ASubjectIsRequiredWithHelpOnTheBox) {
     frmMessageNew f;
     for (const QString& subject : {QString("<Enter Subject>"), QString()}) {
         f.txtSubject->setText(subject);
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         f.cmdAddMessage_Click();
         const auto& box = ui.lastBox();
         EXPECT_EQ(box.prompt, "This Message must have a Subject.");
         EXPECT_EQ(box.title, "Missing Message");
-        EXPECT_EQ(box.buttons & vb::vbMsgBoxHelpButton, vb::vbMsgBoxHelpButton);
+        EXPECT_EQ(box.buttons & Box::HelpButton, Box::HelpButton);
         EXPECT_EQ(box.context, 1040);
         EXPECT_EQ(box.helpFile, Registry().HelpFile());
     }
@@ -103,12 +103,12 @@ TEST_F(MessageNewTest, ClosingWithUnsavedTextAsksFirst) {
     frmMessageNew f;
     f.show();
     f.txtMessage->setPlainText("half a thought");
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     f.cmdClose_Click();
     EXPECT_EQ(ui.lastBox().prompt, "This message has not been saved, Exit anyway?");
     EXPECT_EQ(ui.lastBox().title, "Exit");
     EXPECT_TRUE(f.isVisible());
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     f.tbEditor_ButtonClick("Close");
     EXPECT_FALSE(f.isVisible());
     EXPECT_EQ(ui.count(), 2);
@@ -116,13 +116,13 @@ TEST_F(MessageNewTest, ClosingWithUnsavedTextAsksFirst) {
 
 TEST_F(MessageNewTest, EmailExportIsOfferedButNotThereYet) {
     frmMessageNew f;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     f.tbEditor_ButtonClick("Email");
     EXPECT_EQ(ui.lastBox().prompt, "This will save this Message as a file that can be emailed and imported\r\n"
                                    "into Microsoft Outlook's Calendar. Do you want to continue?");
     EXPECT_EQ(ui.lastBox().title, "Export Message");
-    ui.answer(vb::Yes);
-    ui.answer(vb::OK);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::OK);
     f.tbEditor_ButtonClick("Email");
     EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
@@ -135,7 +135,7 @@ TEST_F(MessageNewTest, SpellRunsTheInstalledCheckerAndSaysItIsDone) {
     QString seen;
     EditorToolbar::SetSpellChecker([&](QTextEdit* box) { seen = box->toPlainText(); });
     f.txtMessage->setPlainText("Recieve the parcel");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     f.tbEditor->ButtonClick("Spell");
     EditorToolbar::SetSpellChecker({});
     EXPECT_EQ(seen, "Recieve the parcel");

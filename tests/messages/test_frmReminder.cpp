@@ -62,7 +62,7 @@ TEST_F(ReminderTest, TheTimerChoicesWaitForRemindMeAgainAndTheOverdueMarkForItsF
 TEST_F(ReminderTest, ClosingWithoutRemindAgainDeletesTheMessageAfterAYes) {
     QPointer<frmReminder> r = Open();
     r->show();
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     r->cmdClose_Click();
     EXPECT_EQ(ui.lastBox().prompt, "This message has not been marked for further notification so it will be deleted. "
                                    "Do you want to continue?");
@@ -76,7 +76,7 @@ TEST_F(ReminderTest, ClosingWithoutRemindAgainDeletesTheMessageAfterAYes) {
 TEST_F(ReminderTest, ClosingKeepsTheChosenTimeOnNoOrWithRemindAgain) {
     {
         frmReminder* r = Open();
-        ui.answer(vb::No);
+        ui.answer(Answer::No);
         r->cmdClose_Click();
         EXPECT_EQ(Time(), 1);
     }
@@ -107,7 +107,7 @@ TEST_F(ReminderTest, IgnoreMarksTheReminderForThisRunOnly) {
 TEST_F(ReminderTest, ExportWritesTheCalendarFileAndThenRemovesTheReminder) {
     const QByteArray oldTmp = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFile::encodeName(Home()));
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     Open()->cmdOutlook_Click();
     qputenv("TMPDIR", oldTmp);
     QFile file(QDir(Home()).filePath("Return library books.vcs"));

@@ -75,16 +75,16 @@ TEST_F(ManufacturerTest, RenamingReachesProductsAndCouponsAndStoresAreFoundByPar
 
 TEST_F(ManufacturerTest, DeletingAsksWhatBecomesOfTheProductsAndAlwaysTakesTheCoupons) {
     Household();
-    const QString prompt = Answered(vb::Cancel);
+    const QString prompt = Answered(Answer::Cancel);
     EXPECT_EQ(prompt, "There are Products for Quaker. Do you wish to delete these Products or set the Manufacturer to "
                       "'Any'?\r\n\r\n • Click 'Yes' to delete this Manufacturer.\r\n • Click 'No' to reset the "
                       "Manufacturer to 'Any'.\r\n • Click 'Cancel' to Exit.");
     EXPECT_EQ(ui.lastBox().title, "Products Found");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNoCancel + vb::vbQuestion);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNoCancel + Box::Question);
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [Manufacturer] = 'Quaker'"), 2);
     EXPECT_EQ(rows::Count("SELECT * FROM Coupons"), 1);
 
-    Answered(vb::No);
+    Answered(Answer::No);
     EXPECT_EQ(rows::Column("SELECT * FROM Product ORDER BY [ID]", "Manufacturer"), QStringList({"Any", "Any", "Lipton"}));
     EXPECT_EQ(rows::Count("SELECT * FROM Coupons"), 0);
     EXPECT_EQ(rows::Count("SELECT * FROM Manufacturer"), 0);
@@ -93,7 +93,7 @@ TEST_F(ManufacturerTest, DeletingAsksWhatBecomesOfTheProductsAndAlwaysTakesTheCo
 
 TEST_F(ManufacturerTest, DeletingWithYesTakesProductsAndTheHistoryKeyedByTheirNumbers) {
     Household();
-    Answered(vb::Yes);
+    Answered(Answer::Yes);
     EXPECT_EQ(rows::Column("SELECT * FROM Product", "Name"), QStringList({"Tea"}));
     EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory"), 0);
     EXPECT_EQ(rows::Count("SELECT * FROM Manufacturer"), 0);

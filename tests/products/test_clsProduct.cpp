@@ -75,14 +75,14 @@ TEST_F(ProductTest, AddingToInventoryAsksAboutAnItemOnHandAndIgnoresSharedNames)
     Product("Salt", "Any", "2 lb");
     clsProduct product;
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     product.AddToInventory("Butter");
     // From the purchase to ten days after today: the figure grows with age.
     EXPECT_EQ(ui.lastBox().prompt, "That Item is already in Inventory but will be marked as empty in20 days.\r\n"
                                    "Would you still like to add this Item to Inventory?");
     EXPECT_EQ(ui.lastBox().title, "Add Item");
     EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10), "11/12/2026");
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     product.AddToInventory("Butter");
     EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10), "11/22/2026");
 
@@ -135,14 +135,14 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
     QObject::connect(&ProductEvents::Instance(), &ProductEvents::ProductEvent, &listener, [&](int n) { events << n; });
     clsProduct product;
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     product.Delete("Cocoa");
     EXPECT_EQ(ui.lastBox().prompt, "That Product has a Cost History, are you certain that you wish to delete it?");
     EXPECT_EQ(ui.lastBox().title, "Delete Product");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo + vb::vbQuestion + vb::vbDefaultButton2);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 1);
 
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     product.Delete("Cocoa");
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 0);
     EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemListCost"), QStringList({"2.1"}));  // recent stays
@@ -152,13 +152,13 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
     const qint32 tea = Product("Tea", "Any", "box");
     History(tea, "Aldi", "3.00", "11/20/2026");
     rows::Add("ShopList", {{"Name", "Week's"}, {"ItemName", "Tea"}});
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     product.Delete("Tea");
     EXPECT_EQ(ui.count(), 3);
     EXPECT_EQ(ui.lastBox().prompt, "Tea is on the Week's Shopping List. Do you still wish to delete it?");
     EXPECT_EQ(ui.lastBox().title, "Confirm Delete");
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 1);
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     product.Delete("Tea");
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 0);
     EXPECT_EQ(rows::Count("SELECT * FROM ShopList"), 0);
@@ -166,7 +166,7 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
 
 TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
     clsProduct product;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     product.ExportList();
     EXPECT_EQ(ui.lastBox().prompt, "There are not Products to export.");
     EXPECT_FALSE(QFile::exists(clsProduct::ExportFile()));
@@ -179,7 +179,7 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
     EXPECT_EQ(f.readAll(), QByteArray("\"Ben's\",\"Rice, \"\"Long\"\"\",\"2 lb\",\"Pasta\"\r\n\"Any\",\"Milk\",\"\",\"\"\r\n"));
     f.close();
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     product.ExportList();
     EXPECT_EQ(ui.lastBox().prompt, "There is a previous Product List file, Overwrite it?");
     EXPECT_EQ(ui.lastBox().title, "Over-Write");
@@ -188,8 +188,8 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
     // A target that cannot be written is reported, not taken for done.
     ASSERT_TRUE(QFile::remove(clsProduct::ExportFile()));
     ASSERT_TRUE(QDir().mkpath(clsProduct::ExportFile()));
-    ui.answer(vb::Yes);
-    ui.answer(vb::OK);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::OK);
     product.ExportList();
     EXPECT_TRUE(ui.lastBox().prompt.contains("Path/File access error")) << ui.lastBox().prompt.toStdString();
     EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurring in Product.ExportList)")) << ui.lastBox().prompt.toStdString();

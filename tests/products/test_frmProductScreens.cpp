@@ -38,14 +38,14 @@ TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
 
     // A store chosen wants a cost.
     form.cboStore->setCurrentText("Aldi");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(form.txtCost_Validate());
     EXPECT_EQ(ui.lastBox().prompt, "If a Store is selected, you must enter a cost for the item at that Store.");
     EXPECT_EQ(form.cboStore->currentText(), "<Enter or Select>");
 
     for (const QString& bad : {"1.2.3", "abc"}) {
         form.txtCost->setText(bad);
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         EXPECT_FALSE(form.txtCost_Validate());
         EXPECT_EQ(ui.lastBox().prompt, "The Cost value must be a numeric value, but the '$' sign is allowed.");
         EXPECT_EQ(ui.lastBox().title, "Cost Error");
@@ -85,14 +85,14 @@ TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
     rows::Add("Store", {{"Name", "Kroger"}});
     frmProductNew form;
     form.cboManufacturer->setCurrentText("Kroger");
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     form.cboManufacturer_LostFocus();
     EXPECT_EQ(ui.lastBox().prompt, "Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
     EXPECT_EQ(ui.lastBox().title, "Set Store");
     EXPECT_EQ(form.cboStore->currentText(), "Kroger");
 
     form.cboStore->setCurrentText("Joe's Market");
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     form.cboStore_LostFocus();
     EXPECT_EQ(ui.lastBox().prompt, "Would you like to add the Store Joe's Market to the database?");
     EXPECT_EQ(ui.lastBox().title, "Add Store");
@@ -119,11 +119,11 @@ TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnCo
 
     listing.LoadProducts();
     listing.lvProducts->setCurrentItem(listing.lvProducts->topLevelItem(2));
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     listing.mnuDeleteItem_Click();
     EXPECT_EQ(ui.lastBox().prompt, "This will permanently delete Tea. Do you want to Continue?");
     EXPECT_EQ(listing.lvProducts->topLevelItemCount(), 3);
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     listing.mnuDeleteItem_Click();
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [Name] = 'Tea'"), 0);
     EXPECT_EQ(listing.lvProducts->topLevelItemCount(), 2);  // refreshed by the product's event
@@ -165,7 +165,7 @@ TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     EXPECT_TRUE(detail.cmdSave_Click());
     EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"0"}));
     detail.txtCost->setText("1.2.3");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(detail.cmdSave_Click());
     EXPECT_EQ(ui.lastBox().title, "Cost Error");
 

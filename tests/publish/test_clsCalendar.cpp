@@ -24,7 +24,7 @@ TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) 
     event.EndDate = QDateTime(QDate(2026, 11, 29), QTime(0, 0));
     event.CreatedDate = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5));
 
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     const QString path = event.WriteData("Dinner at Jo's");
     EXPECT_EQ(path, QDir(Home()).filePath("Dinner at Jo's.vcs"));
     EXPECT_EQ(Read(path), QByteArray("BEGIN: VCALENDAR\r\n"
@@ -43,11 +43,11 @@ TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) 
                                      "END: VCALENDAR\r\n"));
     EXPECT_EQ(ui.lastBox().prompt, "Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
     EXPECT_EQ(ui.lastBox().title, "Send Calendar Event");
-    EXPECT_EQ(ui.lastBox().buttons & 7, vb::vbYesNo);
+    EXPECT_EQ(ui.lastBox().buttons & 7, Box::YesNo);
     EXPECT_TRUE(links.isEmpty());
 
     clsCalendar empty;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     EXPECT_EQ(Read(empty.WriteData("blank")), QByteArray("BEGIN: VCALENDAR\r\nVERSION: 1.0\r\nBEGIN: VEVENT\r\n"
                                                           "SUMMARY:\r\nDESCRIPTION:\r\nLOCATION:\r\nATTENDEE:\r\n"
                                                           "DTSTART:\r\nDTEND:\r\nDUE:\r\nCOMPLETED:\r\nDCREATED:\r\n"
@@ -57,7 +57,7 @@ TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) 
 TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
     clsCalendar event;
     event.Summary = "Pot luck";
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     ui.answerInput("sam@example.org");
     const QString path = event.WriteData("Pot luck");
     EXPECT_EQ(ui.lastBox().kind, "InputBox");
@@ -68,7 +68,7 @@ TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
     EXPECT_TRUE(links[0].contains("Pot%20luck.vcs\""));
 
     // Cancelling the address box sends nothing; the file stays.
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
     ui.answerInput(QString());
     EXPECT_EQ(event.WriteData("Pot luck"), path);
     EXPECT_EQ(links.size(), 1);
@@ -77,7 +77,7 @@ TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
 
 TEST_F(CalendarTest, NamesThatNoFileMayCarryAreMadeSafe) {
     clsCalendar event;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     const QString path = event.WriteData("1/2 price: \"pies\"?");
     EXPECT_EQ(QFileInfo(path).fileName(), "1_2 price_ _pies__.vcs");
     EXPECT_EQ(QFileInfo(path).absolutePath(), QDir(Home()).absolutePath());
@@ -85,7 +85,7 @@ TEST_F(CalendarTest, NamesThatNoFileMayCarryAreMadeSafe) {
 
     // A temporary folder that cannot be written to is reported, not fatal.
     qputenv("TMPDIR", QFile::encodeName(HomeFile("Larderkeep.mdb")));
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(event.WriteData("x"), QString());
     EXPECT_EQ(ui.lastBox().prompt, "Error: Path/File access error (Occurred in clsCalendar.WriteData)");
 }
@@ -108,7 +108,7 @@ TEST_F(CalendarTest, DatesConvertBothWaysAndTheZoneLetterChangesNothing) {
 
 TEST_F(CalendarTest, TextsThatAreNotStampsGiveNoDateAndSaySo) {
     for (const QString& bad : {QString(), QString("tomorrow at six"), QString("2002-12-31 23:59"), QString("2002")}) {
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         EXPECT_FALSE(clsCalendar::ConvertFromvCalDateTime(bad).isValid()) << bad.toStdString();
         EXPECT_EQ(ui.lastBox().prompt, "Error: Type mismatch (Occurred in clsCalendar.ConvertFromvCalDateTime)");
     }

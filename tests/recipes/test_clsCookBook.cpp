@@ -58,7 +58,7 @@ TEST_F(CookBookTest, RemovingACookbookMovesItsRecipesToGeneral) {
 }
 
 TEST_F(CookBookTest, GeneralCannotBeRenamed) {
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsCookBook books;
     books.Rename("General", "Everyday");
     ASSERT_EQ(ui.count(), 1);
@@ -72,7 +72,7 @@ TEST_F(CookBookTest, RenameMovesTheRowAndCurrentCookbookButLeavesTheRecipesToThe
     books.WriteNew("Lake", "Fish");
     AddRecipe(Recipe("Trout", "Fish", "Lake"));
     CurrentCookbook = "Lake";
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     books.Rename("Lake", "River");
     EXPECT_TRUE(books.Exists("River"));
     EXPECT_FALSE(books.Exists("Lake"));
@@ -91,14 +91,14 @@ TEST_F(CookBookTest, ExportAsksItsQuestionForHtmlOnly) {
     clsCookBook books;
     for (int format : {1, 2, 3}) books.ExportCookBook("General", format, true, HomeFile("out"));
     EXPECT_EQ(ui.count(), 0);
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     books.ExportCookBook("General", 4, false, HomeFile("out.htm"));
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt,
               "Would you like to use the Report format or the Website format?\r\n"
               "  Click 'Yes' for the Report Format, and 'No' for the Website format.");
     EXPECT_EQ(ui.lastBox().title, "Select Format");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbYesNo);
-    EXPECT_EQ(Response, vb::No);
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo);
+    EXPECT_EQ(Response, Answer::No);
     EXPECT_FALSE(QFile::exists(HomeFile("out.htm")));
 }

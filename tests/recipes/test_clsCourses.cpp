@@ -40,7 +40,7 @@ TEST_F(CoursesTest, GetCourseLooksInTheCategoryTableWhichHasNoCourse) {
     clsCourses courses;
     courses.WriteNew("Fish", "Main Course");
     // A known category reaches the missing column and reports.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(courses.GetCourse("Fish"), "");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Error: " + Err::ItemNotFound + " (Occurred in Course.GetCourse)");

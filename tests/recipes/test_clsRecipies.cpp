@@ -68,7 +68,7 @@ TEST_F(RecipiesTest, AnApostropheTitleIsFoundByTheSingleQuotingFamilyOnly) {
 
     // Not found counts as a missing row, which GetUses reports.
     title = kApostrophe;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(r.GetUses(title), 0);
     ExpectError(Err::NoCurrentRecord, "Recipe.GetUses");
 
@@ -103,7 +103,7 @@ TEST_F(RecipiesTest, TitlesAndNamesWithQuotesNeverBreakTheProgram) {
 
     // The cookbook count quotes with double quotes, which a name holding one
     // breaks: that is an error report and 0, not a failure.
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(r.SelectCount("Joe's \"Own\""), 0);
     ExpectEngineError("Recipe.SelectCount");
     ui.clear();
@@ -306,12 +306,12 @@ TEST_F(RecipiesTest, RenameToNothingIsRefusedWithANotice) {
     m.name = "Chili";
     const qint32 id = AddMeal(m);
     AddRecipeNode("Soups", "Chili");
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     clsRecipies r;
     r.RenameRecipie("Chili", "");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Chili was not renamed!");
-    EXPECT_EQ(ui.lastBox().buttons, vb::vbExclamation);
+    EXPECT_EQ(ui.lastBox().buttons, Box::Exclamation);
     EXPECT_EQ(MealValue(id, "Name").toString(), "Chili");
     EXPECT_TRUE(TreeLines().contains("Soups/Chili"));
 }
@@ -413,7 +413,7 @@ TEST_F(RecipiesTest, IsFavoriteAlwaysEndsInTheErrorReport) {
     AddRecipe(fav);
     clsRecipies r;
     QString title = "Chili";
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(r.IsFavorite(title));
     ExpectEngineError("Recipe.IsFavorite");
 }
@@ -424,13 +424,13 @@ TEST_F(RecipiesTest, OnMealAlwaysEndsInTheErrorReportAndDoublesTheCallersText) {
     m.mainCourse = "Chili";
     AddMeal(m);
     clsRecipies r;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(r.OnMeal(QStringLiteral("Chili")));
     ExpectEngineError("Recipe.OnMeal");
     EXPECT_TRUE(ui.lastBox().prompt.contains("Meals")) << ui.lastBox().prompt.toStdString();
 
     QString apostrophe = "Bob's Chili";
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     r.OnMeal(apostrophe);
     EXPECT_EQ(apostrophe, "Bob''s Chili");
     EXPECT_EQ(ui.count(), 2);
@@ -439,7 +439,7 @@ TEST_F(RecipiesTest, OnMealAlwaysEndsInTheErrorReportAndDoublesTheCallersText) {
 TEST_F(RecipiesTest, UsesCountFromNullClearAndReportWhenMissing) {
     AddRecipe(Recipe("Chili", "Soups"));
     clsRecipies r;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(r.GetUses("Chili"), 0);
     ExpectError(Err::InvalidUseOfNull, "Recipe.GetUses");
     ui.clear();
@@ -453,7 +453,7 @@ TEST_F(RecipiesTest, UsesCountFromNullClearAndReportWhenMissing) {
     r.UpdateTimesUsed("Nothing");  // a missing title is simply not counted
     EXPECT_EQ(ui.count(), 0);
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(r.GetUses("Nothing"), 0);
     ExpectError(Err::NoCurrentRecord, "Recipe.GetUses");
 }
@@ -584,7 +584,7 @@ TEST_F(RecipiesTest, PicturesAreStoredCheckedAndRefusedForUnknownTitles) {
     EXPECT_FALSE(r.ValidateImage("Nothing"));
     EXPECT_EQ(r.GetRecipeImage("Nothing"), "");
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     r.SetRecipeImage("Nothing", picture);
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Nothing is not in the Database!");

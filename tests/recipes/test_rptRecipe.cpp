@@ -84,7 +84,7 @@ TEST_F(RecipeReportTest, TempFileLoadsThePictureWithoutTestingIt) {
     rs.Update();
     rs.Close();
     clsRecipies r;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_EQ(r.CreateTempFile("Chili", ""), "");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "Error: File not found (Occurred in Recipe.CreateTempFile)");

@@ -47,7 +47,7 @@ TEST_F(IsleMapTest, APairKeepsOneOrderAcrossAllStores) {
     map.ItemCategory("Dairy");
     map.Isle("Isle 1");
     map.IsleOrder(2);
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     EXPECT_FALSE(map.WriteNew());
     EXPECT_EQ(ui.lastBox().prompt,
               "The Isle Isle 1 already exists with the Isle Order of 4 so, this Isle will not be saved.");

@@ -82,7 +82,7 @@ TEST_F(StoreTest, RenamingCarriesTheNameEverywhereButTheAlternateMap) {
     EXPECT_EQ(rows::Column("SELECT * FROM IsleMap", "Store"), QStringList({"Joe \"Big\" Mart"}));
     EXPECT_EQ(rows::Column("SELECT * FROM AlternateIsleMap", "StoreName"), QStringList({"Joe's"}));
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     store.ChangeName("Joe's", "Other");
     EXPECT_EQ(ui.lastBox().prompt, "Joe's does not exist, please choose a different name.");
     EXPECT_EQ(ui.lastBox().title, "Exists");
@@ -104,21 +104,21 @@ TEST_F(StoreTest, DeletingAStoreKeepsListRowsAndCouponsWithoutIt) {
     EXPECT_EQ(rows::Column("SELECT * FROM IsleMap", "Store"), QStringList({"Lidl"}));
     EXPECT_EQ(rows::Count("SELECT * FROM AlternateIsleMap"), 1);
 
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     store.DeleteStore("Aldi");
     EXPECT_EQ(ui.lastBox().prompt, "Aldi doesn't exist, please choose a different name.");
 }
 
 TEST_F(StoreTest, ExportWritesBareLinesAsksBeforeOverwritingAndOffersMail) {
     clsStore store;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     store.ExportStoreFile("Aldi");
     EXPECT_EQ(ui.lastBox().prompt, "There are no Isles mapped for Aldi.");
     EXPECT_FALSE(QFile::exists(clsStore::ExportFileFor("Aldi")));
 
     Map("Aldi", " Dairy ", "Isle 1", 7);
     Map("Aldi", "Pasta, rice", "Isle \"2\"", 8);
-    ui.answer(vb::No);  // no mail
+    ui.answer(Answer::No);  // no mail
     store.ExportStoreFile("Aldi");
     const QString path = clsStore::ExportFileFor("Aldi");
     QFile f(path);
@@ -128,13 +128,13 @@ TEST_F(StoreTest, ExportWritesBareLinesAsksBeforeOverwritingAndOffersMail) {
     EXPECT_EQ(ui.lastBox().prompt, "Would you like to mail Aldi to someone?");
     EXPECT_TRUE(links.isEmpty());
 
-    ui.answer(vb::No);  // keep the old file
+    ui.answer(Answer::No);  // keep the old file
     store.ExportStoreFile("Aldi");
     EXPECT_EQ(ui.lastBox().prompt, QDir::toNativeSeparators(path) + " has already been exported, Over-write file?");
     EXPECT_EQ(ui.lastBox().title, "Over-write");
 
-    ui.answer(vb::Yes);
-    ui.answer(vb::Yes);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Yes);
     store.ExportStoreFile("Aldi");
     ASSERT_EQ(links.size(), 1);
     EXPECT_TRUE(links[0].startsWith("mailto:")) << links[0].toStdString();
@@ -147,7 +147,7 @@ TEST_F(StoreTest, ImportAddsStoresCategoriesAndMappingsAtOrderZero) {
     const QString path = WriteFile("map.gil", "New Mart,Dairy,Isle 1\r\n  New Mart , Tinned Fish,Isle 2\r\n\r\n"
                                               "New Mart,Bakery,Isle 9\r\nNew Mart,Dairy,Isle 1\r\n");
     clsStore store;
-    ui.answer(vb::OK);
+    ui.answer(Answer::OK);
     store.ImportStoreFile(path);
     EXPECT_EQ(ui.lastBox().prompt, "The Isle Isle 9 already exists with the Isle Order of 4 so, this Isle will not be saved.");
     EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name"), QStringList({"New Mart"}));
@@ -164,7 +164,7 @@ TEST_F(StoreTest, ARoundTripLosesTheOrderAndSplitsACommaIntoTheNextField) {
     Map("Aldi", "Tea, coffee", "Isle 3", 9);
     Map("Aldi", "Oil, vinegar", "Isle 4", 10);
     clsStore store;
-    ui.answer(vb::No);
+    ui.answer(Answer::No);
     store.ExportStoreFile("Aldi");
     const QString path = clsStore::ExportFileFor("Aldi");
     {
@@ -190,11 +190,11 @@ TEST_F(StoreTest, BrokenMapFilesAreRefusedWholeAndEmptyOnesImportNothing) {
         QDir(Home()).filePath("missing.gil"),
     };
     for (const QString& path : bad) {
-        ui.answer(vb::OK);
+        ui.answer(Answer::OK);
         store.ImportStoreFile(path);
         EXPECT_EQ(ui.lastBox().prompt, "There Appears to be a problem with this Store Map file.") << path.toStdString();
         EXPECT_EQ(ui.lastBox().title, "File Problem");
-        EXPECT_EQ(ui.lastBox().buttons, vb::vbCritical);
+        EXPECT_EQ(ui.lastBox().buttons, Box::Critical);
     }
     store.ImportStoreFile(WriteFile("empty.gil", ""));
     EXPECT_EQ(rows::Count("SELECT * FROM IsleMap"), 0);
