@@ -1,5 +1,5 @@
 #include "platform/Clock.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "platform/FirstStart.h"
 #include "platform/Ui.h"
 
@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
     window.SetCommandLine(args.join(QLatin1Char(' ')));
     window.show();
     window.Form_Load();
-    if (window.Ended()) return 0;
-    return app.exec();
+    if (window.Ended()) return window.ExitStatus();
+    const int status = app.exec();
+    return status != 0 ? status : window.ExitStatus();
 }

@@ -20,8 +20,8 @@ Database& ConnectionMain() {
 }
 
 namespace {
-frmMain* mainForm = nullptr;
+QWidget* mainWindow = nullptr;
 }
 
-frmMain* MainForm() { return mainForm; }
-void SetMainForm(frmMain* form) { mainForm = form; }
+QWidget* MainWindow() { return mainWindow; }
+void SetMainWindow(QWidget* window) { mainWindow = window; }

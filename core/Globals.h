@@ -16,8 +16,8 @@ extern bool FormClosing;
 extern QString LastReportFile;
 extern qint32 FoundCouponID;
 
-class frmMain;
-// The main window while it exists, so that classes can refresh its panes and
-// message centre the way the rest of the program expects; nullptr otherwise.
-frmMain* MainForm();
-void SetMainForm(frmMain* form);
+class QWidget;
+// The main window while it exists, as the owner of the screens and reports
+// opened from it; nullptr otherwise (screens then stand on their own).
+QWidget* MainWindow();
+void SetMainWindow(QWidget* window);

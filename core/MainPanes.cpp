@@ -169,3 +169,132 @@ void MainPanes::ClearAll() {
     boldMealDates.clear();
     Q_EMIT mealDatesChanged();
 }
+
+QItemSelectionModel* MainPanes::SelectionOf(const QStandardItemModel& model) {
+    if (&model == &messages) return &messageSelection;
+    if (&model == &coupons) return &couponSelection;
+    if (&model == &recipes) return &recipeSelection;
+    if (&model == &currentList) return &currentListSelection;
+    if (&model == &meals) return &mealSelection;
+    return nullptr;
+}
+
+QStandardItem* MainPanes::CurrentNode(QStandardItemModel& model) {
+    QItemSelectionModel* selection = SelectionOf(model);
+    if (!selection) return nullptr;
+    const QModelIndex current = selection->currentIndex();
+    if (!current.isValid()) return nullptr;
+    return model.itemFromIndex(current.siblingAtColumn(0));
+}
+
+// --- node builders ------------------------------------------------------------------
+
+namespace {
+const QColor kGrey(100, 100, 100);
+}  // namespace
+
+QStandardItem* MainPanes::Root(QStandardItemModel& model, const QString& text, const QString& image) {
+    QStandardItem* root = FindByKey(model, QStringLiteral("Root"));
+    if (!root) {
+        root = AddNode(model, QString(), QStringLiteral("Root"), text);
+        SetBold(root);
+        SetImageKey(root, image);
+    }
+    return root;
+}
+
+QStandardItem* MainPanes::CategoryNode(const QString& name) {
+    QStandardItem* node = MakeNode(name, name, QStringLiteral("RecipeCategory"));
+    QFont bold = node->font();
+    bold.setBold(true);
+    node->setFont(bold);
+    return node;
+}
+
+QStandardItem* MainPanes::RecipeNode(const QString& title, bool favourite) {
+    const QString kind = favourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe");
+    QStandardItem* node = MakeNode(QString(), title, kind);
+    node->setData(kind, ImageKeyRole);
+    // Favourites stand out in black; the rest are greyed.
+    if (!favourite) node->setForeground(kGrey);
+    return node;
+}
+
+QStandardItem* MainPanes::ManufacturerNode(const QString& name) {
+    QStandardItem* node = MakeNode(name, name, QStringLiteral("Manufacturer"));
+    node->setData(QStringLiteral("Manufacturer"), ImageKeyRole);
+    return node;
+}
+
+QStandardItem* MainPanes::CouponNode(const QString& id, const QString& quantity, const QString& size,
+                                     const QString& product) {
+    QStandardItem* node =
+        MakeNode(QStringLiteral("C") + id, quantity + QStringLiteral("-") + size + QStringLiteral(" ") + product, id);
+    node->setData(QStringLiteral("Coupon"), ImageKeyRole);
+    node->setForeground(kGrey);
+    return node;
+}
+
+QList<QStandardItem*> MainPanes::MessageRow(const QString& title, const QString& body, const QString& shownDate,
+                                            bool reminder) {
+    QStandardItem* item = MakeNode(body.left(20), title);
+    item->setData(reminder ? QStringLiteral("Reminder") : QStringLiteral("Message"), ImageKeyRole);
+    auto* when = new QStandardItem(shownDate);
+    when->setEditable(false);
+    // The list shows the start of the text on one line.
+    QString line = body;
+    line.replace(QLatin1String("\r\n"), QLatin1String(";"));
+    line.replace(QLatin1Char('\r'), QLatin1Char(';'));
+    line.replace(QLatin1Char('\n'), QLatin1Char(';'));
+    auto* text = new QStandardItem(line.left(40));
+    text->setEditable(false);
+    return {item, when, text};
+}
+
+QStandardItem* MainPanes::MealNode(const QString& name) {
+    QStandardItem* meal = MakeNode(QStringLiteral("Meal::") + name, name, QStringLiteral("Meal"));
+    meal->setData(QStringLiteral("Meal"), ImageKeyRole);
+    return meal;
+}
+
+QStandardItem* MainPanes::DishNode(const QString& key, const QString& title) {
+    QStandardItem* dish = MakeNode(key, title, QStringLiteral("Recipie"));
+    dish->setData(QStringLiteral("Recipie"), ImageKeyRole);
+    return dish;
+}
+
+QStandardItem* MainPanes::AddManufacturer(const QString& name) {
+    QStandardItem* root = Root(coupons, QStringLiteral("Coupons"), QStringLiteral("Coupons"));
+    QStandardItem* node = FindByKey(coupons, name);
+    if (node) return node;
+    node = ManufacturerNode(name);
+    node->setData(QStringLiteral("Root"), ImageKeyRole);
+    SetBold(node);
+    root->appendRow(node);
+    root->sortChildren(0);
+    return node;
+}
+
+QStandardItem* MainPanes::AddCoupon(const QString& manufacturer, const QString& id, const QString& quantity,
+                                    const QString& size, const QString& product) {
+    QStandardItem* root = Root(coupons, QStringLiteral("Coupons"), QStringLiteral("Coupons"));
+    QStandardItem* parent = manufacturer.isEmpty() ? root : FindByKey(coupons, manufacturer);
+    if (!parent) {
+        parent = ManufacturerNode(manufacturer);
+        root->appendRow(parent);
+    }
+    QStandardItem* node = CouponNode(id, quantity, size, product);
+    parent->appendRow(node);
+    return node;
+}
+
+bool MainPanes::IsRecipeNode(const QStandardItem* node) {
+    if (!node) return false;
+    const QString tag = node->data(TagRole).toString();
+    return tag == QLatin1String("Recipe") || tag == QLatin1String("RecipeFavorite") ||
+           tag == QLatin1String("Recipe Title");
+}
+
+bool MainPanes::IsCategoryNode(const QStandardItem* node) {
+    return node && node->data(TagRole).toString() == QLatin1String("RecipeCategory");
+}

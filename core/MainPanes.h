@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QDate>
 #include <QHash>
+#include <QItemSelectionModel>
 #include <QMultiHash>
 #include <QObject>
 #include <QSet>
@@ -15,7 +16,7 @@
 // Keys are looked up through an index that follows every change to a model,
 // whoever makes it (AddNode, appendRow on an item, removeRow, setData on the
 // key, clear), so a tree of many thousand nodes is searched by key at once.
-// As in the tree control of old, keys compare without regard to case.
+// Keys compare without regard to case, so "Acme" and "ACME" are one maker.
 class MainPanes : public QObject {
     Q_OBJECT
 public:
@@ -30,6 +31,41 @@ public:
     QStandardItemModel currentList;  // lvCurrentList
     QStandardItemModel meals;        // tvMealList
     QSet<QDate> boldMealDates;       // calMeals
+
+    // What is selected in each pane. The window's views share these, so the
+    // commands that act on "the selected node" read it without a window.
+    QItemSelectionModel messageSelection{&messages};
+    QItemSelectionModel couponSelection{&coupons};
+    QItemSelectionModel recipeSelection{&recipes};
+    QItemSelectionModel currentListSelection{&currentList};
+    QItemSelectionModel mealSelection{&meals};
+    QItemSelectionModel* SelectionOf(const QStandardItemModel& model);
+    // The current node (first column) of `model`'s pane, nullptr for none.
+    QStandardItem* CurrentNode(QStandardItemModel& model);
+
+    // One builder per kind of node, so a node looks the same whoever adds it.
+    // The top node of a tree ("Root"), made bold with its picture if missing.
+    QStandardItem* Root(QStandardItemModel& model, const QString& text, const QString& image);
+    static QStandardItem* CategoryNode(const QString& name);
+    static QStandardItem* RecipeNode(const QString& title, bool favourite);
+    static QStandardItem* ManufacturerNode(const QString& name);
+    static QStandardItem* CouponNode(const QString& id, const QString& quantity, const QString& size,
+                                     const QString& product);
+    // A row of the message centre: subject, the date as shown, the start of the text.
+    static QList<QStandardItem*> MessageRow(const QString& title, const QString& body, const QString& shownDate,
+                                            bool reminder);
+    static QStandardItem* MealNode(const QString& name);
+    // A recipe node of the recipe tree (plain, favourite or a title node).
+    static bool IsRecipeNode(const QStandardItem* node);
+    static bool IsCategoryNode(const QStandardItem* node);
+    // A manufacturer entered while the program runs: bold, under the coupon
+    // root, the makers kept in order. An existing node is returned as it is.
+    QStandardItem* AddManufacturer(const QString& name);
+    // A coupon entered while the program runs, under its manufacturer (made
+    // when missing) or the root when it has none.
+    QStandardItem* AddCoupon(const QString& manufacturer, const QString& id, const QString& quantity,
+                             const QString& size, const QString& product);
+    static QStandardItem* DishNode(const QString& key, const QString& title);
 
     // Adds a node under the node keyed `parentKey` ("" for the top level).
     QStandardItem* AddNode(QStandardItemModel& model, const QString& parentKey, const QString& key,

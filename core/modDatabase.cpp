@@ -12,7 +12,6 @@
 
 namespace {
 
-const QString kProvider = QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source =");
 
 // Closing a connection that is not open is an error, as it always was.
 void CloseMain() {
@@ -49,7 +48,7 @@ bool DBCompact() {
         QFile::remove(live + QStringLiteral("-wal"));
         QFile::remove(live + QStringLiteral("-shm"));
         QFile::rename(temp, live);
-        ReopenMain(kProvider + live);
+        ReopenMain(kConnectionText + live);
         return true;
     } catch (const std::exception& e) {
         ReportError(e, QStringLiteral("DBCompact"));

@@ -10,7 +10,7 @@
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/deLarderkeep.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "core/modVerify.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -180,10 +180,7 @@ bool clsCoupon::AddNew() {
         const QString id = TextOf(rs.Field(QStringLiteral("ID")));
         CloseDB();
 
-        MainPanes& panes = MainPanes::Instance();
-        QStandardItem* node = panes.AddNode(panes.coupons, manufacturer_, QStringLiteral("C") + id,
-                                            quantity_ + QStringLiteral("-") + size_ + QStringLiteral(" ") + product_, id);
-        if (node) panes.SetColour(node, QColor(100, 100, 100));
+        Q_EMIT Notices().ShowNode(MainPanes::Instance().AddCoupon(manufacturer_, id, quantity_, size_, product_));
         return true;
     });
 }
@@ -197,7 +194,7 @@ void clsCoupon::DeleteCoupon(qint32 id, int mode) {
             const QString note = QStringLiteral("Discard Coupon for ") + TextOf(rs.Field(QStringLiteral("Manufacturer"))) +
                                  QStringLiteral("'s ") + TextOf(rs.Field(QStringLiteral("product")));
             const QString today = Format(QVariant(Clock::Today()), QStringLiteral("mm/dd/yyyy"));
-            if (MainForm()) MainForm()->AddMessage(note, note, today, 1);
+            Q_EMIT Notices().AddMessage(note, note, today, 1);
             clsMessages messages;
             QString body = note;
             messages.WriteNew(note, body, today, 1, 4);
@@ -209,17 +206,15 @@ void clsCoupon::DeleteCoupon(qint32 id, int mode) {
 
 void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
     Trap(QStringLiteral("Coupon.AutoPurge"), [&] {
-        // 1. Delivery coupons. The walk moves on only past a row it deletes: a
-        // delivery coupon that has not expired is read again and again, and the
-        // purge does not come back. Kept so on purpose; only an all-expired (or
-        // empty) table lets the purge go on.
+        // 1. Delivery coupons that have expired go; the walk passes every row,
+        // so a coupon still good is kept and never holds the purge.
         OpenDB(QStringLiteral("SELECT * FROM Delivery"), adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
             if (ExpiredBeforeToday(rs.Field(QStringLiteral("Expiration")))) {
                 rs.Delete();
                 rs.Update();
-                rs.MoveNext();
             }
+            rs.MoveNext();
         }
         CloseDB();
 
@@ -236,7 +231,7 @@ void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
         CloseDB();
 
         // 3. The user sees what goes before it goes.
-        if (printReport) deLarderkeep::cmExpiredCoupons().Preview(MainForm());
+        if (printReport) deLarderkeep::cmExpiredCoupons().Preview(MainWindow());
 
         // 4. Remove the marked rows and their tree nodes.
         MainPanes& panes = MainPanes::Instance();

@@ -11,7 +11,7 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/PaneIcons.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "core/Values.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -118,7 +118,7 @@ void frmCalendarEvents::lblImTooBusy_Click() {
             rs.MoveNext();
         }
         rs.Close();
-        if (frmMain* main = MainForm()) main->LoadMessages();
+        Q_EMIT Notices().LoadMessages();
         Form_Load();
     });
 }

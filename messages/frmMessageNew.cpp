@@ -17,7 +17,7 @@
 #include "core/Dates.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "messages/EditorToolbar.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -167,7 +167,7 @@ void frmMessageNew::cmdAddMessage_Click() {
     if (body.indexOf(QLatin1String("None)")) >= 1) body = kNoBody;
     clsMessages messages;
     if (!messages.WriteNew(subject, body, date_, type_, 4)) return;
-    if (frmMain* main = MainForm()) main->AddMessage(subject, body, date_, type_);
+    Q_EMIT Notices().AddMessage(subject, body, date_, type_);
     txtSubject->clear();
     txtMessage->clear();
 }

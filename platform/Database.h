@@ -11,6 +11,10 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
+// The connection text every opening of the database file is written as; the
+// file's path follows it.
+inline const QString kConnectionText = QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source =");
+
 enum CursorTypeEnum { adOpenForwardOnly = 0, adOpenKeyset = 1, adOpenStatic = 3 };
 enum LockTypeEnum { adLockReadOnly = 1, adLockOptimistic = 3 };
 

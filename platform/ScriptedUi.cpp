@@ -1,18 +1,20 @@
 #include "platform/ScriptedUi.h"
 
 #include <QDialog>
+#include <QList>
 #include <stdexcept>
 
 namespace {
 
-int FirstButton(int buttons) {
-    switch (buttons & 0x7) {
-    case Box::AbortRetryIgnore: return Answer::Abort;
-    case Box::YesNoCancel:
-    case Box::YesNo: return Answer::Yes;
-    case Box::RetryCancel: return Answer::Retry;
-    default: return Answer::OK;
-    }
+// The answer of the button a box starts on: the first unless the flags
+// choose the second or third.
+int DefaultAnswer(int buttons) {
+    static const QList<QList<int>> kButtons = {
+        {Answer::OK},  {Answer::OK, Answer::Cancel}, {Answer::Abort, Answer::Retry, Answer::Ignore},
+        {Answer::Yes, Answer::No, Answer::Cancel}, {Answer::Yes, Answer::No}, {Answer::Retry, Answer::Cancel}};
+    const QList<int>& row = kButtons.value(buttons & 0x7, kButtons[0]);
+    const int which = (buttons & Box::DefaultButton3) ? 2 : (buttons & Box::DefaultButton2) ? 1 : 0;
+    return row.value(which, row.first());
 }
 
 }  // namespace
@@ -33,7 +35,7 @@ int ScriptedUi::MsgBox(const QString& prompt, int buttons, const QString& title,
     boxes_ << box;
     if (answers_.isEmpty()) {
         Unexpected(box);
-        return FirstButton(buttons);
+        return DefaultAnswer(buttons);
     }
     return answers_.dequeue();
 }
@@ -83,7 +85,7 @@ int ScriptedUi::ShowModal(QDialog* dialog) {
     boxes_ << box;
     if (modals_.isEmpty()) {
         Unexpected(box);
-        return QDialog::Rejected;
+        return defaultModal && !strict_ ? defaultModal(dialog) : int(QDialog::Rejected);
     }
     return modals_.dequeue()(dialog);
 }

@@ -40,8 +40,12 @@ public:
     // what the screen's exec() would have returned.
     void answerModal(std::function<int(QDialog*)> driver) { modals_.enqueue(std::move(driver)); }
 
-    // Off: every box gets its first button's answer and nothing is reported.
+    // Off: every box gets its default button's answer, input and file boxes
+    // are cancelled, and nothing is reported.
     void strict(bool on) { strict_ = on; }
+    // When not strict, a modal screen nobody queued an answer for goes here
+    // (shown and closed, say); without it the screen is simply cancelled.
+    std::function<int(QDialog*)> defaultModal;
 
     const QList<Interaction>& boxes() const { return boxes_; }
     int count() const { return int(boxes_.size()); }

@@ -4,7 +4,8 @@
 #include "core/Globals.h"
 #include "core/TableRows.h"
 #include "core/Values.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
+#include "core/MainPanes.h"
 #include "core/modBarcode.h"
 #include "core/modVerify.h"
 #include "platform/Ui.h"
@@ -36,7 +37,7 @@ bool clsManufacturer::WriteNew() {
         rs.setField(QStringLiteral("Name"), name_);
         rs.setField(QStringLiteral("UPC_Number"), GetManufacturerCode(upcCode_));
         rs.Update();
-        frmMain::AddManufacturer(name_);
+        Q_EMIT Notices().ShowNode(MainPanes::Instance().AddManufacturer(name_));
         return true;
     });
 }

@@ -4,7 +4,7 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/Values.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "core/modVerify.h"
 #include "lists/clsShopList.h"
 #include "meals/clsGuestServed.h"
@@ -424,17 +424,14 @@ void clsRecipies::ClearCookbookName(QString& cookbook) {
         }
         rs.Close();
 
-        frmMain* main = MainForm();
         if (CurrentCookbook == QLatin1String("General")) {
             const qint32 count = SelectCount(QStringLiteral("General"));
-            if (main) main->StatusPanelCookbook->setText(QStringLiteral("Recipes: ") + QString::number(count));
+            Q_EMIT Notices().SetCookbookPanel(QStringLiteral("Recipes: ") + QString::number(count));
         }
         if (CurrentCookbook == cookbook) {
             CurrentCookbook.clear();
-            if (main) {
-                main->StatusPanelCookbook->setText(QStringLiteral("Current Cookbook:"));
-                main->LoadRecipies();
-            }
+            Q_EMIT Notices().SetCookbookPanel(QStringLiteral("Current Cookbook:"));
+            Q_EMIT Notices().LoadRecipies();
         }
     });
 }
@@ -620,7 +617,7 @@ void clsRecipies::PrintPreview(const QString& title, int mode, const QString& pa
         rptRecipe layout;
         if (!PrepareReport(title, true, layout)) return;
         const Report report = layout.Build();
-        QWidget* owner = MainForm();
+        QWidget* owner = MainWindow();
         switch (mode) {
         case 1:
             report.Print(owner);

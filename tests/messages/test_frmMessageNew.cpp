@@ -1,7 +1,7 @@
 #include "MessageRows.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "messages/EditorToolbar.h"
 #include "messages/frmMessageNew.h"
 #include "support/TestEnv.h"

@@ -1,14 +1,16 @@
 #include "core/Globals.h"
 #include "core/clsRegistry.h"
 #include "core/MainPanes.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "messages/frmReminder.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 #include "support/TestEnv.h"
 
 #include <QCalendarWidget>
+#include <QDir>
 #include <QFile>
+#include <sqlite3.h>
 #include <QLabel>
 #include <QStandardItem>
 
@@ -94,47 +96,97 @@ TEST_F(StartTest, CompactAtStartReportsBecauseTheConnectionIsNotOpenYet) {
     EXPECT_TRUE(ConnectionMain().IsOpen());  // step 7 still opened it
 }
 
-TEST_F(StartTest, AMissingDatabaseSaysSoAndTheRestFailsIntoTheHandler) {
+TEST_F(StartTest, AMissingDatabaseSaysSoOnceAndTheStartEnds) {
     CloseDatabase();
     QFile::remove(HomeFile("Larderkeep.mdb"));
-    ui.answer(Answer::OK);  // missing database
-    ui.answer(Answer::OK);  // the exit check cannot read its messages
-    ui.answer(Answer::OK);  // the message centre's own handlers report
     ui.answer(Answer::OK);
-    ui.answer(Answer::OK);  // the next step without one ends the start
     frmMain w;
     w.Form_Load();
-    ASSERT_EQ(ui.count(), 5);
+    ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.boxes()[0].prompt, "The Larderkeep database is missing, please select 'OK' the close program.");
     EXPECT_EQ(ui.boxes()[0].title, "Missing Database");
     EXPECT_EQ(ui.boxes()[0].buttons, 16);
-    EXPECT_TRUE(ui.boxes()[1].prompt.endsWith("(Occurred in frmMain.mnuExit)"));
-    EXPECT_TRUE(ui.boxes()[2].prompt.endsWith("(Occurred in frmMain.LoadMessages)"));
-    EXPECT_TRUE(ui.boxes()[3].prompt.endsWith("(Occurred in frmLoad.DisplayReminders)"));
-    EXPECT_TRUE(ui.boxes()[4].prompt.startsWith("Error: "));
-    EXPECT_TRUE(ui.boxes()[4].prompt.endsWith("(Occurred in frmMain.Load)"));
-    // The start stopped at the coupons: nothing after them was loaded.
-    EXPECT_FALSE(w.StartStatusTexts().contains("Loading Recipes ..."));
-    EXPECT_FALSE(w.Ended());
+    EXPECT_FALSE(w.StartStatusTexts().contains("Loading Messages ..."));
+    EXPECT_TRUE(w.Ended());
+    EXPECT_EQ(w.ExitStatus(), 1);
+    EXPECT_FALSE(ConnectionMain().IsOpen());
 }
 
-TEST_F(StartTest, ACorruptDatabaseIsRefusedAndLeftAsItWas) {
-    CloseDatabase();
-    const QByteArray junk(8192, '\x5a');
+// A database file that cannot be used: one box naming the file and what is
+// wrong, the program ends with a failure status, and the file keeps every byte.
+TEST_F(StartTest, AnUnusableDatabaseEndsTheStartWithOneBoxAndIsLeftAsItWas) {
+    const QString path = HomeFile("Larderkeep.mdb");
+    QByteArray whole;
     {
-        QFile f(HomeFile("Larderkeep.mdb"));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(junk);
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        whole = f.readAll();
     }
-    for (int i = 0; i < 5; ++i) ui.answer(Answer::OK);
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        const char* trouble;
+    };
+    QByteArray random(8192, '\0');
+    for (int i = 0; i < random.size(); ++i) random[i] = char((i * 7919 + 13) % 251);
+    const Case cases[] = {
+        {"random bytes", random, "The file is not a Larderkeep database."},
+        {"empty", QByteArray(), "The file is not a Larderkeep database."},
+        {"truncated", whole.left(whole.size() / 2), "The file is damaged"},
+        {"another program's database", QByteArray(), "The file is not a Larderkeep database."},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        CloseDatabase();
+        QFile::remove(path);
+        QByteArray bytes = c.bytes;
+        if (QByteArray(c.name) == "another program's database") {
+            // A real SQLite file holding none of our tables.
+            sqlite3* db = nullptr;
+            ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+            sqlite3_exec(db, "CREATE TABLE Notes(x)", nullptr, nullptr, nullptr);
+            sqlite3_close(db);
+            QFile f(path);
+            ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+            bytes = f.readAll();
+        } else {
+            QFile f(path);
+            ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+            f.write(bytes);
+        }
+        ui.clear();
+        ui.answer(Answer::OK);
+        frmMain w;
+        w.Form_Load();
+        ASSERT_EQ(ui.count(), 1) << ui.prompts().join(" | ").toStdString();
+        EXPECT_EQ(ui.boxes()[0].title, "Database Error");
+        EXPECT_EQ(ui.boxes()[0].buttons, Box::Critical);
+        EXPECT_TRUE(ui.boxes()[0].prompt.contains(QDir::toNativeSeparators(path)));
+        EXPECT_TRUE(ui.boxes()[0].prompt.contains(QString::fromLatin1(c.trouble))) << ui.boxes()[0].prompt.toStdString();
+        EXPECT_TRUE(w.Ended());
+        EXPECT_EQ(w.ExitStatus(), 1);
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), bytes);
+    }
+}
+
+TEST_F(StartTest, ADatabaseInUseByAnotherProgramSaysSo) {
+    CloseDatabase();
+    const QString path = HomeFile("Larderkeep.mdb");
+    // Another program holds the write lock for the whole start.
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    ui.answer(Answer::OK);
     frmMain w;
     w.Form_Load();
-    ASSERT_EQ(ui.count(), 5);
-    EXPECT_EQ(ui.boxes()[0].title, "Database Error");
-    EXPECT_NE(ui.boxes()[0].prompt.indexOf(HomeFile("Larderkeep.mdb")), -1);
-    QFile f(HomeFile("Larderkeep.mdb"));
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), junk);
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    ASSERT_EQ(ui.count(), 1);
+    EXPECT_TRUE(ui.boxes()[0].prompt.contains("in use")) << ui.boxes()[0].prompt.toStdString();
+    EXPECT_TRUE(ui.boxes()[0].prompt.contains(QDir::toNativeSeparators(path)));
+    EXPECT_TRUE(w.Ended());
 }
 
 TEST_F(StartTest, QuickSearchFileIsKeptOnlyWhenAsked) {

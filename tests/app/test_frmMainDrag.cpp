@@ -3,7 +3,7 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 #include "support/TestEnv.h"

@@ -3,7 +3,8 @@
 #include <QDate>
 #include <QMainWindow>
 
-#include <functional>
+#include "core/CommandRegistry.h"
+
 #include <QMap>
 #include <QPersistentModelIndex>
 #include <QPoint>
@@ -26,7 +27,6 @@ class frmSplash;
 
 // The one permanent window: six panes over the household's data, the menus
 // and toolbars that reach every screen, and the start and close of the program.
-class Report;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -43,6 +43,8 @@ public:
     // The report printed from the command line at the last start ("" for none).
     QString CommandLineReport() const { return commandLineReport_; }
     bool Ended() const { return ended_; }
+    // 0 after a normal end; 1 when the start could not go on.
+    int ExitStatus() const { return exitStatus_; }
 
     // Panes and controls.
     QTreeView* tvCoupons;
@@ -59,7 +61,7 @@ public:
     QLabel* StatusPanelRecipes;
     QLabel* StatusPanelInventory;
     QTimer* Timer1;        // scrolls the recipe tree while a drag is near its edge
-    QTimer* tmrReminders;  // kept for its place; it has no work
+    QTimer* tmrReminders;  // never started: reminders fall due at start and at exit
     QMap<QString, QAction*> menus;  // every menu entry, submenu and popup entry by name
     QMenu* mnuPopupRecipies;
     QMenu* mnuCouponPopup;
@@ -83,13 +85,9 @@ public Q_SLOTS:
     void LayoutPanes();
     void SetMessage(const QString& text);
 
-    // The message centre (frmMainMessages.cpp).
+    // The message centre.
     void LoadMessages();
     void AddMessage(const QString& title, const QString& body, const QString& date, int type);
-    void DisplayReminders();
-    void MessageDisplay();
-    void mnuDeleteMessage_Click();
-    void mnuPrintMessage_Click();
 
     // Pane loading; each rebuilds its pane from the database.
     void LoadQuickStart();
@@ -101,45 +99,38 @@ public Q_SLOTS:
     void LoadMealList();
     void SetCurrentInventory();
     void SetCurrentRecipieCount();
+    void ApplyRecipeFilter();
+    // A node just added to a pane is opened and brought into view.
+    void ShowNode(QStandardItem* node);
     void RemoveExpiredItems();
     void mnuCheckForUpdates_Click();
     void SetMenuIcons();
     void ShowTip();
     void ShowPurge();
 
-    // For the screens that change the panes.
-    void AddCoupon(const QString& manufacturer, qint32 id, const QString& quantity, const QString& size,
-                   const QString& product);
-    // A manufacturer entered while the program runs: bold, under the coupon
-    // root, the tree sorted and the node brought into view. The panes are the
-    // program's even before the window shows, so this needs no window.
-    static void AddManufacturer(const QString& name);
-    void AddNewCategoryWithRecipe(const QString& category, const QString& title);
     // While a tool works on the data behind the panes the menus and toolbars rest.
     void EnableMenuOptions();
     void DisableMenuOptions();
     // The lower right pane back to the current list, the panes laid out afresh.
     void ResetOverView();
 
+    // Runs the command registered for a menu, popup or quick-start key, inside
+    // the error trap; false when no part of the program answers the key.
+    bool RunCommand(const QString& key);
+    const CommandRegistry& Commands() const { return commands_; }
+
     // Toolbars.
     void tbMain_ButtonClick(const QString& key);
     void tbReports_ButtonClick(const QString& key);
 
-    // Commands.
-    void mnuCloseCookbook_Click();
+    // The window's own commands: its views and the last report.
     void mnuReprintLastReport_Click();
-    void mnuClearRecipeComparasions_Click();
     void mnuSAMShoppingList_Click();
     void mnuSAMMealListing_Click();
     void mnuPOPSetQSItems_Click();
     void mnuPOPExpandView_Click();
     void mnuPOPDisplayFavorites_Click();
     void mnuPOPShowRecipesInCategory_Click();
-    void mnuPOPToggleFavorite_Click();
-    void mnuPOPPrintRecipie_Click();
-    void mnuPOPPrintPreview_Click();
-    void mnuPOPAddRecipeToComparison_Click();
-    void mnuPOPDeleteRecipie_Click();
     void lvQuickStart_DblClick(const QString& key);
 
     // Popups: set the captions and states for the node or row the menu opens
@@ -172,26 +163,32 @@ private:
     void BuildToolbars();
     void BuildPanes();
     void BuildStatusBar();
-    void Connect(const QString& name, void (frmMain::*slot)());
-    void Connect(const QString& name, const std::function<void()>& run);
-    void ConnectScreens();
-    void ConnectStoreAndProductScreens();
-    // Shows or prints a report as the settings say, and keeps its HTML copy
-    // under `copyName` in the report folder when asked to.
-    void PrintReport(const Report& report, const QString& copyName, bool showPrintDialog);
-    // The manufacturer of the coupon pane's selected node, "" without one.
-    QString SelectedManufacturer() const;
+    void RegisterCommands();
+    void ListenToNotices();
+    // Enables the entries whose keys have a handler and wires them to it.
+    void WireCommands();
     void Status(const QString& text);
+
+    // The start, step by step.
+    void PrintCommandLineRequest();
+    void ShowSplash();
+    void RunStartUpkeep();
+    void CheckBackupAge();
+    // False when the database cannot be used; the start then ends.
+    bool OpenDatabase();
+    void LoadPanes();
+    void LoadMealCalendar();
+    void CheckDictionary();
+    void RunStartPurges();
+    void FinishStart();
+    void CloseSplash();
+    // The start cannot go on: the connection stays closed and the window ends
+    // without another word.
+    void EndStart();
     bool DeviceCheckDisabled() const { return true; }
     void PrintCommandLineReport(const QString& which);
     void ShowPopup(QMenu* menu, QWidget* view, const QPoint& pos);
     void StartRecipeDrag(const QString& title);
-    void ApplyRecipeFilter();
-    void MarkMealDay(const QDate& day);
-    // One Meal row into the meal tree: the meal's node (made once per name)
-    // and a node per course that holds a recipe, in the order App, Main,
-    // SideOne, SideTwo, SideThree, Desert.
-    void AddMealRow(const QString& name, bool favorite, const QString& id, const QStringList& courses);
     QDate CalendarDateAt(const QPoint& viewportPos) const;
     QStandardItem* SelectedRecipeNode() const;
     ListView* ActiveList() const;
@@ -199,6 +196,7 @@ private:
     bool GenerateListFromRecipe(const QString& recipe, const QString& list);
     QString PickShoppingList();
 
+    CommandRegistry commands_;
     QString commandLine_;
     QStringList statusTexts_;
     QString commandLineReport_;
@@ -211,6 +209,7 @@ private:
     QStackedWidget* lowerRight_ = nullptr;
     QTableView* calendarView_ = nullptr;
     bool ended_ = false;
+    int exitStatus_ = 0;
     bool exiting_ = false;
 
     // Layout: the share of the width the left column takes and the shares of

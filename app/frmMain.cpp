@@ -1,7 +1,9 @@
 // The main window's frame: menus, popups, toolbars, the panes and their layout,
 // the status bar, sorting and the commands that need no screen of their own.
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 
+#include "app/frmQuickStart.h"
+#include "core/ChangeNotices.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/ListView.h"
@@ -9,18 +11,16 @@
 #include "core/PaneIcons.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/frmQuickStart.h"
 #include "core/modEffects.h"
-#include "measures/frmConversions.h"
-#include "measures/frmConvertMeasures.h"
-#include "measures/frmMeasureAbbreviations.h"
-#include "messages/clsMessages.h"
-#include "messages/frmCalendarEvents.h"
-#include "messages/frmMessageNew.h"
+#include "coupons/CouponCommands.h"
+#include "measures/MeasureCommands.h"
+#include "messages/MessageCommands.h"
+#include "messages/MessagePane.h"
 #include "platform/Clock.h"
 #include "platform/Ui.h"
-#include "recipes/RecipeComparisons.h"
-#include "recipes/clsRecipies.h"
+#include "products/ProductCommands.h"
+#include "recipes/RecipeCommands.h"
+#include "stores/StoreCommands.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -324,17 +324,6 @@ QTreeView* Tree(QStandardItemModel* model, const QString& name, QWidget* parent)
     return view;
 }
 
-const QStringList kRecipeTags = {QStringLiteral("Recipe"), QStringLiteral("RecipeFavorite"),
-                                 QStringLiteral("Recipe Title")};
-
-bool IsRecipeNode(const QStandardItem* node) {
-    return node && kRecipeTags.contains(node->data(MainPanes::TagRole).toString());
-}
-
-bool IsCategoryNode(const QStandardItem* node) {
-    return node && node->data(MainPanes::TagRole).toString() == QLatin1String("RecipeCategory");
-}
-
 }  // namespace
 
 // --- construction -----------------------------------------------------------
@@ -344,63 +333,78 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     setWindowTitle(QStringLiteral("Larderkeep"));
     BuildMenus();
     BuildPopups();
-    // After the popups: some of these commands live there.
-    ConnectStoreAndProductScreens();
+    RegisterCommands();
+    WireCommands();
     BuildToolbars();
     BuildPanes();
     BuildStatusBar();
+    ListenToNotices();
     resize(1180, 800);
-    SetMainForm(this);
+    SetMainWindow(this);
 }
 
 frmMain::~frmMain() {
-    if (MainForm() == this) SetMainForm(nullptr);
+    if (MainWindow() == this) SetMainWindow(nullptr);
 }
 
-void frmMain::Connect(const QString& name, void (frmMain::*slot)()) {
-    QAction* action = menus.value(name);
-    if (!action) return;
-    action->setEnabled(true);
-    action->setProperty("wired", true);
-    connect(action, &QAction::triggered, this, slot);
-}
-
-void frmMain::Connect(const QString& name, const std::function<void()>& run) {
-    QAction* action = menus.value(name);
-    if (!action) return;
-    action->setEnabled(true);
-    action->setProperty("wired", true);
-    connect(action, &QAction::triggered, this, [run] { run(); });
-}
-
-// The menu entries that open other subsystems' screens.
-void frmMain::ConnectScreens() {
-    auto modal = [this](auto make) {
-        return [this, make] {
-            std::unique_ptr<QDialog> dialog(make(this));
-            TheUi().ShowModal(dialog.get());
-        };
+// The window's own commands first, then each part of the program's.
+void frmMain::RegisterCommands() {
+    auto own = [this](const char* key, void (frmMain::*slot)()) {
+        commands_.Add(QString::fromLatin1(key), [this, slot] { (this->*slot)(); });
     };
-    Connect(QStringLiteral("mnuEditMeasureAbbreviations"),
-            modal([](QWidget* owner) { return new frmMeasureAbbreviations(owner); }));
-    Connect(QStringLiteral("mnuEditConversionConstants"), modal([](QWidget* owner) { return new frmConversions(owner); }));
-    Connect(QStringLiteral("mnuConvertmeasurements"), modal([](QWidget* owner) { return new frmConvertMeasures(owner); }));
-    Connect(QStringLiteral("mnuCalendarToday"), modal([](QWidget* owner) { return new frmCalendarEvents(owner); }));
-    Connect(QStringLiteral("mnuNewMassage"), [this] {
-        auto* form = new frmMessageNew(this);
-        form->setAttribute(Qt::WA_DeleteOnClose);
-        TheUi().ShowModeless(form, this);
+    own("mnuExit", &frmMain::mnuExit_Click);
+    own("mnuReprintLastReport", &frmMain::mnuReprintLastReport_Click);
+    own("mnuPOPExpandView", &frmMain::mnuPOPExpandView_Click);
+    own("mnuPOPDisplayFavorites", &frmMain::mnuPOPDisplayFavorites_Click);
+    own("mnuPOPShowRecipesInCategory", &frmMain::mnuPOPShowRecipesInCategory_Click);
+    own("mnuPOPSetQSItems", &frmMain::mnuPOPSetQSItems_Click);
+    own("mnuSAMShoppingList", &frmMain::mnuSAMShoppingList_Click);
+    own("mnuSAMMealListing", &frmMain::mnuSAMMealListing_Click);
+    CouponCommands::Register(commands_);
+    MeasureCommands::Register(commands_);
+    MessageCommands::Register(commands_);
+    ProductCommands::Register(commands_);
+    RecipeCommands::Register(commands_);
+    StoreCommands::Register(commands_);
+}
+
+void frmMain::WireCommands() {
+    for (const QString& key : commands_.Keys()) {
+        QAction* action = menus.value(key);
+        if (!action) continue;
+        action->setEnabled(true);
+        action->setProperty("wired", true);
+        connect(action, &QAction::triggered, this, [this, key] { RunCommand(key); });
+    }
+}
+
+bool frmMain::RunCommand(const QString& key) { return commands_.Run(key); }
+
+// Each change a screen or table class announces reaches the pane it concerns.
+void frmMain::ListenToNotices() {
+    ChangeNotices& notices = Notices();
+    // A refresh that fails reports here: nothing may leave a notice unfinished.
+    auto listen = [this, &notices](auto signal, void (frmMain::*refresh)(), const char* where) {
+        connect(&notices, signal, this, [this, refresh, where] {
+            Trap(QString::fromLatin1(where), [this, refresh] { (this->*refresh)(); });
+        });
+    };
+    listen(&ChangeNotices::LoadRecipies, &frmMain::LoadRecipies, "frmMain.LoadRecipies");
+    listen(&ChangeNotices::LoadAllCoupons, &frmMain::LoadAllCoupons, "frmMain.LoadAllCoupons");
+    listen(&ChangeNotices::LoadShoppingList, &frmMain::LoadShoppingList, "frmMain.LoadShoppingList");
+    listen(&ChangeNotices::LoadMealList, &frmMain::LoadMealList, "frmMain.LoadMealList");
+    listen(&ChangeNotices::LoadMessages, &frmMain::LoadMessages, "frmMain.LoadMessages");
+    listen(&ChangeNotices::LoadQuickStart, &frmMain::LoadQuickStart, "frmMain.LoadQuickStart");
+    listen(&ChangeNotices::SetCurrentInventory, &frmMain::SetCurrentInventory, "frmMain.SetCurrentInventory");
+    listen(&ChangeNotices::SetCurrentRecipieCount, &frmMain::SetCurrentRecipieCount, "frmMain.SetCurrentRecipieCount");
+    connect(&notices, &ChangeNotices::ApplyRecipeFilter, this, [this] {
+        if (recipeFilter_ == RecipeFilter::Favorites) ApplyRecipeFilter();
     });
-    Connect(QStringLiteral("mnuPurgeMessages"), [] { clsMessages().PurgeExpired(); });
-    Connect(QStringLiteral("mnuExportMessageToOutlook"), [this] {
-        const QModelIndex current = lvMessageCenter->currentIndex();
-        if (!current.isValid()) return;
-        const QAbstractItemModel* model = current.model();
-        const int row = current.row();
-        clsMessages().ExportToOutlook(model->index(row, 0, current.parent()).data().toString(),
-                                      model->index(row, 2, current.parent()).data().toString(),
-                                      model->index(row, 1, current.parent()).data().toString());
+    connect(&notices, &ChangeNotices::SetCookbookPanel, this, [this](const QString& text) {
+        StatusPanelCookbook->setText(text);
     });
+    connect(&notices, &ChangeNotices::AddMessage, this, &frmMain::AddMessage);
+    connect(&notices, &ChangeNotices::ShowNode, this, &frmMain::ShowNode);
 }
 
 namespace {
@@ -438,14 +442,6 @@ void frmMain::BuildMenus() {
         menus.insert(name, menu->menuAction());
         AddEntries(menu, top.entries, menus);
     }
-    Connect(QStringLiteral("mnuExit"), &frmMain::mnuExit_Click);
-    Connect(QStringLiteral("mnuCloseCookbook"), &frmMain::mnuCloseCookbook_Click);
-    Connect(QStringLiteral("mnuReprintLastReport"), &frmMain::mnuReprintLastReport_Click);
-    Connect(QStringLiteral("mnuClearRecipeComparasions"), &frmMain::mnuClearRecipeComparasions_Click);
-    Connect(QStringLiteral("mnuMessageDisplay"), &frmMain::MessageDisplay);
-    Connect(QStringLiteral("mnuDeleteMessage"), &frmMain::mnuDeleteMessage_Click);
-    Connect(QStringLiteral("mnuPrintMessage"), &frmMain::mnuPrintMessage_Click);
-    ConnectScreens();
 }
 
 void frmMain::BuildPopups() {
@@ -460,18 +456,6 @@ void frmMain::BuildPopups() {
     mnuCouponPopup = popups.value(QStringLiteral("mnuCouponPopup"));
     mnuShopListAndMeals = popups.value(QStringLiteral("mnuShopListAndMeals"));
     mnuPOPQuickStart = popups.value(QStringLiteral("mnuPOPQuickStart"));
-
-    Connect(QStringLiteral("mnuPOPExpandView"), &frmMain::mnuPOPExpandView_Click);
-    Connect(QStringLiteral("mnuPOPDisplayFavorites"), &frmMain::mnuPOPDisplayFavorites_Click);
-    Connect(QStringLiteral("mnuPOPShowRecipesInCategory"), &frmMain::mnuPOPShowRecipesInCategory_Click);
-    Connect(QStringLiteral("mnuPOPToggleFavorite"), &frmMain::mnuPOPToggleFavorite_Click);
-    Connect(QStringLiteral("mnuPOPPrintRecipie"), &frmMain::mnuPOPPrintRecipie_Click);
-    Connect(QStringLiteral("mnuPOPPrintPreview"), &frmMain::mnuPOPPrintPreview_Click);
-    Connect(QStringLiteral("mnuPOPAddRecipeToComparison"), &frmMain::mnuPOPAddRecipeToComparison_Click);
-    Connect(QStringLiteral("mnuPOPDeleteRecipie"), &frmMain::mnuPOPDeleteRecipie_Click);
-    Connect(QStringLiteral("mnuPOPSetQSItems"), &frmMain::mnuPOPSetQSItems_Click);
-    Connect(QStringLiteral("mnuSAMShoppingList"), &frmMain::mnuSAMShoppingList_Click);
-    Connect(QStringLiteral("mnuSAMMealListing"), &frmMain::mnuSAMMealListing_Click);
 
     // The two views of the lower right pane are one choice.
     auto* views = new QActionGroup(this);
@@ -576,6 +560,13 @@ void frmMain::BuildPanes() {
     lvMessageCenter->setItemDelegate(new PaneIconDelegate(lvMessageCenter));
     lvMessageCenter->setContextMenuPolicy(Qt::CustomContextMenu);
     lvMessageCenter->setEditTriggers(QAbstractItemView::NoEditTriggers);
+
+    // The views share the panes' selections, so commands read them without the window.
+    tvCoupons->setSelectionModel(&panes.couponSelection);
+    tvRecipes->setSelectionModel(&panes.recipeSelection);
+    tvMealList->setSelectionModel(&panes.mealSelection);
+    lvCurrentList->setSelectionModel(&panes.currentListSelection);
+    lvMessageCenter->setSelectionModel(&panes.messageSelection);
 
     lvQuickStart = new QListView(this);
     lvQuickStart->setObjectName(QStringLiteral("lvQuickStart"));
@@ -703,7 +694,8 @@ void frmMain::BuildPanes() {
     connect(lvQuickStart, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
         lvQuickStart_DblClick(index.data(MainPanes::KeyRole).toString());
     });
-    connect(lvMessageCenter, &QAbstractItemView::doubleClicked, this, [this] { MessageDisplay(); });
+    connect(lvMessageCenter, &QAbstractItemView::doubleClicked, this,
+            [this] { RunCommand(QStringLiteral("mnuMessageDisplay")); });
     lvMessageCenter->installEventFilter(this);
 
     // The list toolbar's sort buttons act on the list last used.
@@ -860,10 +852,6 @@ void frmMain::ResetOverView() {
 
 // --- commands -------------------------------------------------------------------
 
-void frmMain::mnuCloseCookbook_Click() {
-    CurrentCookbook.clear();
-    ReloadRecipes();
-}
 
 void frmMain::mnuReprintLastReport_Click() {
     Trap(QStringLiteral("frmMain.mnuReprintLastReport"), [&] {
@@ -910,16 +898,6 @@ void frmMain::mnuReprintLastReport_Click() {
     });
 }
 
-void frmMain::mnuClearRecipeComparasions_Click() {
-    RecipeComparisons::Instance().Clear();
-    // The tree's compared recipes look like the others again.
-    MainPanes& panes = MainPanes::Instance();
-    for (QStandardItem* node : panes.AllNodes(panes.recipes)) {
-        const QString key = node->data(MainPanes::ImageKeyRole).toString();
-        if (key == QLatin1String("RecipeCompare")) panes.SetImageKey(node, QStringLiteral("Recipe"));
-        else if (key == QLatin1String("RecipeCompareFavorite")) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
-    }
-}
 
 void frmMain::mnuSAMShoppingList_Click() {
     ShowingCurrentList = true;
@@ -959,8 +937,8 @@ QStandardItem* frmMain::SelectedRecipeNode() const {
 }
 
 void frmMain::SetRecipePopup(QStandardItem* node) {
-    const bool recipe = IsRecipeNode(node);
-    const bool category = IsCategoryNode(node);
+    const bool recipe = MainPanes::IsRecipeNode(node);
+    const bool category = MainPanes::IsCategoryNode(node);
     const QString title = recipe ? node->text() : QString();
     auto set = [this](const char* name, const QString& caption, bool enabled) {
         QAction* a = menus.value(QString::fromUtf8(name));
@@ -984,7 +962,7 @@ void frmMain::SetRecipePopup(QStandardItem* node) {
         set("mnuPOPShowRecipesInCategory", QStringLiteral("Display All Recipes"), true);
     } else if (category) {
         set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in ") + node->text(), true);
-    } else if (recipe && IsCategoryNode(node->parent())) {
+    } else if (recipe && MainPanes::IsCategoryNode(node->parent())) {
         set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in ") + node->parent()->text(), true);
     } else {
         set("mnuPOPShowRecipesInCategory", QStringLiteral("Show Recipes in Category"), false);
@@ -1045,8 +1023,8 @@ void frmMain::mnuPOPShowRecipesInCategory_Click() {
         return;
     }
     QStandardItem* node = SelectedRecipeNode();
-    if (IsRecipeNode(node)) node = node->parent();
-    if (!IsCategoryNode(node)) return;
+    if (MainPanes::IsRecipeNode(node)) node = node->parent();
+    if (!MainPanes::IsCategoryNode(node)) return;
     recipeFilter_ = RecipeFilter::Category;
     filterCategory_ = node->data(MainPanes::KeyRole).toString();
     ApplyRecipeFilter();
@@ -1080,74 +1058,7 @@ void frmMain::ApplyRecipeFilter() {
     tvRecipes->setUpdatesEnabled(true);
 }
 
-void frmMain::mnuPOPToggleFavorite_Click() {
-    QStandardItem* node = SelectedRecipeNode();
-    if (!IsRecipeNode(node)) return;
-    const QString title = node->text();
-    clsRecipies recipes;
-    recipes.MarkFavorite(title);
-    // The tree follows the new mark on every node of the recipe.
-    MainPanes& panes = MainPanes::Instance();
-    const bool nowFavourite = node->data(MainPanes::TagRole).toString() != QLatin1String("RecipeFavorite");
-    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
-        if (!IsRecipeNode(n) || n->text() != title) continue;
-        if (n->data(MainPanes::TagRole).toString() != QLatin1String("Recipe Title"))
-            n->setData(nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe"), MainPanes::TagRole);
-        const QString key = n->data(MainPanes::ImageKeyRole).toString();
-        const bool compared = key.startsWith(QLatin1String("RecipeCompare"));
-        panes.SetImageKey(n, compared ? (nowFavourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"))
-                                      : (nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe")));
-        if (nowFavourite) n->setData(QVariant(), Qt::ForegroundRole);
-        else panes.SetColour(n, QColor(100, 100, 100));
-    }
-    if (recipeFilter_ == RecipeFilter::Favorites) ApplyRecipeFilter();
-}
 
-void frmMain::mnuPOPPrintRecipie_Click() {
-    QStandardItem* node = SelectedRecipeNode();
-    if (!IsRecipeNode(node)) return;
-    clsRecipies recipes;
-    recipes.PrintPreview(node->text(), 1, QString());
-}
 
-void frmMain::mnuPOPPrintPreview_Click() {
-    QStandardItem* node = SelectedRecipeNode();
-    if (!IsRecipeNode(node)) return;
-    clsRecipies recipes;
-    recipes.PrintPreview(node->text(), 2, QString());
-}
 
-void frmMain::mnuPOPAddRecipeToComparison_Click() {
-    QStandardItem* node = SelectedRecipeNode();
-    if (!IsRecipeNode(node)) return;
-    const QString title = node->text();
-    RecipeComparisons::Instance().Add(title);
-    MainPanes& panes = MainPanes::Instance();
-    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
-        if (!IsRecipeNode(n) || n->text() != title) continue;
-        const bool favourite = n->data(MainPanes::ImageKeyRole).toString().contains(QLatin1String("Favorite")) ||
-                               n->data(MainPanes::TagRole).toString() == QLatin1String("RecipeFavorite");
-        panes.SetImageKey(n, favourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"));
-    }
-}
 
-void frmMain::mnuPOPDeleteRecipie_Click() {
-    QStandardItem* node = SelectedRecipeNode();
-    if (!IsRecipeNode(node)) return;
-    const QString title = node->text();
-    Response = MsgBox(QStringLiteral("Are you sure you want to delete ") + title +
-                          QStringLiteral("? It is removed from every category, meal and comparison."),
-                      Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Delete Recipe"));
-    if (Response != Answer::Yes) return;
-    clsRecipies recipes;
-    const qint16 result = recipes.DeleteRecipie(title);
-    if (result == 1)
-        MsgBox(QStringLiteral("More than one recipe is titled ") + title + QStringLiteral(", so none was deleted."),
-               Box::Exclamation, QStringLiteral("Delete Recipe"));
-    else if (result == 2)
-        MsgBox(title + QStringLiteral(" could not be found, so it was not deleted."), Box::Exclamation,
-               QStringLiteral("Delete Recipe"));
-    else
-        RecipeComparisons::Instance().RemoveFirst(title);
-    SetCurrentRecipieCount();
-}

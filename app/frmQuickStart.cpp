@@ -1,10 +1,10 @@
-#include "core/frmQuickStart.h"
+#include "app/frmQuickStart.h"
 
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/PaneIcons.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "core/modEffects.h"
 #include "platform/Ui.h"
 
@@ -113,7 +113,7 @@ QString frmQuickStart::CheckedKeys() const {
 
 void frmQuickStart::Save() {
     Registry().QuickViewOptions(CheckedKeys());
-    if (frmMain* main = MainForm()) main->LoadQuickStart();
+    Q_EMIT Notices().LoadQuickStart();
     changed_ = false;
 }
 

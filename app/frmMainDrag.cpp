@@ -9,8 +9,9 @@
 #include "core/MainPanes.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "core/modVerify.h"
+#include "meals/MealPane.h"
 #include "meals/clsMeal.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
@@ -39,11 +40,6 @@ const char* const kRecipeMime = "application/x-larderkeep-recipe";
 int ScrollMargin(const QTreeView* tree) {
     const int row = tree->sizeHintForRow(0);
     return qMax(12, row > 0 ? row : 16);
-}
-
-bool IsRecipeTag(const QString& tag) {
-    return tag == QLatin1String("Recipe") || tag == QLatin1String("RecipeFavorite") ||
-           tag == QLatin1String("Recipe Title");
 }
 
 QString DroppedTitle(const QMimeData* mime) {
@@ -135,7 +131,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
     if (watched == lvMessageCenter && event->type() == QEvent::KeyPress) {
         if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
-            mnuDeleteMessage_Click();
+            RunCommand(QStringLiteral("mnuDeleteMessage"));
             return true;
         }
         return false;
@@ -153,7 +149,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
             if (!(e->buttons() & Qt::LeftButton) || !dragTitle_.isEmpty()) break;
             if ((e->position().toPoint() - pressPos_).manhattanLength() < QApplication::startDragDistance()) break;
             QStandardItem* node = MainPanes::Instance().recipes.itemFromIndex(tvRecipes->indexAt(pressPos_));
-            if (node && IsRecipeTag(node->data(MainPanes::TagRole).toString())) {
+            if (MainPanes::IsRecipeNode(node)) {
                 StartRecipeDrag(node->text());
                 return true;
             }
@@ -301,12 +297,12 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
                            QStringLiteral("' ORDER BY [ID] DESC"),
                        ConnectionMain(), adOpenKeyset, adLockReadOnly);
             if (!added.IsEOF())
-                AddMealRow(longDate, false, TextOf(added.Field(QStringLiteral("ID"))),
+                MealPane::AddMealRow(longDate, false, TextOf(added.Field(QStringLiteral("ID"))),
                            {QString(), recipe, QString(), QString(), QString(), QString()});
         }
         clsRecipies recipes;
         recipes.UpdateTimesUsed(recipe);
-        MarkMealDay(day);
+        MealPane::MarkMealDay(day);
 
         Response = MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" to the current shopping list?"),
                           Box::YesNo + Box::Question, QStringLiteral("Add to Shoppinglist"));
@@ -323,7 +319,7 @@ void frmMain::tvRecipes_DragDrop(const QString& recipe, QStandardItem* target) {
     Trap(QStringLiteral("frmMain.tvRecipes_DragDrop"), [&] {
         if (recipe.isEmpty() || !target) return;
         const QString tag = target->data(MainPanes::TagRole).toString();
-        if (IsRecipeTag(tag)) {
+        if (MainPanes::IsRecipeNode(target)) {
             MsgBox(QStringLiteral("A Recipe can only be added to a Category."), Box::Exclamation,
                    QStringLiteral("Cannot Do"));
             return;

@@ -4,7 +4,7 @@
 #include "core/ListView.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 #include "support/TestEnv.h"
@@ -133,7 +133,7 @@ TEST_F(PaneTest, WithNoCookbookEveryRecipeShowsAndThePanelSaysSo) {
     EXPECT_EQ(CurrentCookbook, "Grandma's");
     EXPECT_EQ(w.StatusPanelRecipes->text(), "Recipes: 1");
     EXPECT_EQ(w.StatusPanelCookbook->text(), "Current Cookbook: Grandma's");
-    w.mnuCloseCookbook_Click();
+    w.RunCommand("mnuCloseCookbook");
     EXPECT_EQ(CurrentCookbook, "");
     EXPECT_EQ(RecipeLines().size(), 2);
 }

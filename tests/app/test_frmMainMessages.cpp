@@ -1,8 +1,9 @@
-#include "MessageRows.h"
+#include "messages/MessageRows.h"
 #include "core/ListView.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
+#include "app/frmMain.h"
+#include "messages/MessageCommands.h"
 #include "messages/frmMessageDisplay.h"
 #include "messages/frmReminder.h"
 #include "support/TestEnv.h"
@@ -83,7 +84,7 @@ TEST_F(MessageCentreTest, AtStartFreshAndIgnoredRemindersAreArmedAndDueOnesPopUp
     MessageRows::Add("Garbled", "?", "someday", 1, 4);
     MessageRows::Add("Plain note", "Not a reminder", "11/01/2026", 2, 4);
     frmMain w;
-    w.DisplayReminders();
+    MessageCommands::DisplayReminders();
 
     EXPECT_EQ(ReminderTitles(), QStringList({"Due yesterday", "Due this morning"}));
     auto* first = qobject_cast<frmReminder*>(ui.modeless().first().data());
@@ -103,7 +104,7 @@ TEST_F(MessageCentreTest, AnIgnoredReminderStaysQuietAtExitAndReturnsAtTheNextSt
     MessageRows::Add("Renew permit", "Town hall", "11/10/2026", 1, 1);
     {
         frmMain w;
-        w.DisplayReminders();
+        MessageCommands::DisplayReminders();
         ASSERT_EQ(ReminderTitles(), QStringList({"Renew permit"}));
         qobject_cast<frmReminder*>(ui.modeless().first().data())->cmdIgnore_Click();
         EXPECT_EQ(MessageRows::Field("Renew permit", "ReminderTime").toInt(), 4);
@@ -114,7 +115,7 @@ TEST_F(MessageCentreTest, AnIgnoredReminderStaysQuietAtExitAndReturnsAtTheNextSt
     }
     ConnectionMain().Open(HomeFile("Larderkeep.mdb"));
     frmMain again;
-    again.DisplayReminders();
+    MessageCommands::DisplayReminders();
     EXPECT_EQ(ReminderTitles(), QStringList({"Renew permit"}));
     EXPECT_EQ(MessageRows::Field("Renew permit", "ReminderTime").toInt(), 1);
 }
@@ -124,11 +125,11 @@ TEST_F(MessageCentreTest, DisplayShowsTheStoredTextOrDropsAnItemThatIsGone) {
     frmMain w;
     w.LoadMessages();
     w.AddMessage("Vanished", "was here", "None", 2);
-    w.MessageDisplay();  // nothing selected: nothing to show
+    w.RunCommand("mnuMessageDisplay");  // nothing selected: nothing to show
     EXPECT_EQ(ui.count(), 0);
 
     Select(w, {0});
-    w.MessageDisplay();
+    w.RunCommand("mnuMessageDisplay");
     ASSERT_EQ(ui.modeless().size(), 1);
     auto* display = qobject_cast<frmMessageDisplay*>(ui.modeless().first().data());
     ASSERT_NE(display, nullptr);
@@ -142,7 +143,7 @@ TEST_F(MessageCentreTest, DisplayShowsTheStoredTextOrDropsAnItemThatIsGone) {
 
     Select(w, {1});
     ui.answer(Answer::OK);
-    w.MessageDisplay();
+    w.RunCommand("mnuMessageDisplay");
     EXPECT_EQ(ui.lastBox().prompt,
               "The Message, entitled Vanished, could not be located so, it will be removed from view.");
     EXPECT_EQ(ui.lastBox().title, "Missing");
@@ -156,14 +157,14 @@ TEST_F(MessageCentreTest, DeleteRemovesEverySelectedMessageAfterAYes) {
     Select(w, {0, 2, 3});
 
     ui.answer(Answer::No);
-    w.mnuDeleteMessage_Click();
+    w.RunCommand("mnuDeleteMessage");
     EXPECT_EQ(ui.lastBox().prompt, "Do you wish to delete the selected Messages?");
     EXPECT_EQ(ui.lastBox().title, "Delete");
     EXPECT_EQ(ui.lastBox().buttons, 36);
     EXPECT_EQ(MessageRows::Count(), 4);
 
     ui.answer(Answer::Yes);
-    w.mnuDeleteMessage_Click();
+    w.RunCommand("mnuDeleteMessage");
     EXPECT_EQ(Titles(), QStringList({"Two"}));
     EXPECT_EQ(MessageRows::Count(), 1);
     EXPECT_EQ(MessageRows::Field("Two", "Title").toString(), "Two");
@@ -180,7 +181,7 @@ TEST_F(MessageCentreTest, PrintingKeepsAnHtmlCopyInTheReportFolder) {
 
     // No printer on the test machine: the printout is offered as a PDF.
     ui.answerFile(HomeFile("party.pdf"));
-    w.mnuPrintMessage_Click();
+    w.RunCommand("mnuPrintMessage");
     EXPECT_TRUE(QFile::exists(HomeFile("party.pdf")));
     EXPECT_EQ(LastReportFile, HomeFile("Message.htm"));
     QFile copy(HomeFile("Message.htm"));
@@ -196,7 +197,7 @@ TEST_F(MessageCentreTest, PrintingKeepsAnHtmlCopyInTheReportFolder) {
     Registry().AlwaysPrintPreview(true);
     Registry().SaveReportCopy(false);
     ui.answerModal([](QDialog*) { return 0; });
-    w.mnuPrintMessage_Click();
+    w.RunCommand("mnuPrintMessage");
     EXPECT_EQ(ui.lastBox().kind, "Modal");
     EXPECT_FALSE(QFile::exists(HomeFile("Message.htm")));
     EXPECT_TRUE(LastReportFile.isEmpty());
@@ -215,7 +216,7 @@ TEST_F(MessageCentreTest, AReportFolderThatCannotTakeTheCopyIsReportedAndForgott
         Registry().SaveReportDirectory(folder);
         ui.answerModal([](QDialog*) { return 0; });
         ui.answer(Answer::OK);
-        w.mnuPrintMessage_Click();
+        w.RunCommand("mnuPrintMessage");
         EXPECT_EQ(ui.lastBox().title, "Error");
         EXPECT_EQ(ui.lastBox().prompt, "Error: Path/File access error (Occurred in frmMain.mnuPrintMessage)");
         EXPECT_EQ(LastReportFile, "earlier.htm");

@@ -4,8 +4,8 @@
 #include "core/ListView.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "core/frmMain.h"
-#include "core/frmQuickStart.h"
+#include "app/frmMain.h"
+#include "app/frmQuickStart.h"
 #include "core/modEffects.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
@@ -183,7 +183,7 @@ TEST_F(CommandTest, FavouriteComparisonAndDeletionActOnTheSelectedRecipe) {
     QStandardItem* fishInSoup = Recipe("Soup", "Fish Stew");
     w.tvRecipes->setCurrentIndex(fishInSoup->index());
 
-    w.mnuPOPToggleFavorite_Click();
+    w.RunCommand("mnuPOPToggleFavorite");
     Recordset rs;
     rs.Open("SELECT [Favorite] FROM Recipie WHERE [Title] = 'Fish Stew'", ConnectionMain(), adOpenKeyset,
             adLockReadOnly);
@@ -193,21 +193,21 @@ TEST_F(CommandTest, FavouriteComparisonAndDeletionActOnTheSelectedRecipe) {
     EXPECT_EQ(Recipe("Fish", "Fish Stew")->data(MainPanes::TagRole).toString(), "RecipeFavorite");
     EXPECT_EQ(fishInSoup->data(MainPanes::ImageKeyRole).toString(), "RecipeFavorite");
 
-    w.mnuPOPAddRecipeToComparison_Click();
+    w.RunCommand("mnuPOPAddRecipeToComparison");
     EXPECT_EQ(RecipeComparisons::Instance().Titles(), QStringList({"Fish Stew"}));
     EXPECT_EQ(Recipe("Fish", "Fish Stew")->data(MainPanes::ImageKeyRole).toString(), "RecipeCompareFavorite");
-    w.mnuClearRecipeComparasions_Click();
+    w.RunCommand("mnuClearRecipeComparasions");
     EXPECT_EQ(RecipeComparisons::Instance().Count(), 0);
     EXPECT_EQ(fishInSoup->data(MainPanes::ImageKeyRole).toString(), "RecipeFavorite");
 
     // Deleting asks first; No keeps it.
     ui.answer(Answer::No);
-    w.mnuPOPDeleteRecipie_Click();
+    w.RunCommand("mnuPOPDeleteRecipie");
     EXPECT_EQ(ui.lastBox().title, "Delete Recipe");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_NE(Recipe("Fish", "Fish Stew"), nullptr);
     ui.answer(Answer::Yes);
-    w.mnuPOPDeleteRecipie_Click();
+    w.RunCommand("mnuPOPDeleteRecipie");
     EXPECT_EQ(Recipe("Fish", "Fish Stew"), nullptr);
     EXPECT_EQ(Recipe("Soup", "Fish Stew"), nullptr);
     rs.Open("SELECT * FROM Recipie WHERE [Title] = 'Fish Stew'", ConnectionMain(), adOpenKeyset, adLockReadOnly);

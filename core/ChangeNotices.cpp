@@ -1,0 +1,6 @@
+#include "core/ChangeNotices.h"
+
+ChangeNotices& ChangeNotices::Instance() {
+    static ChangeNotices notices;
+    return notices;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QStandardItem;
+
+// What a screen or a table class changed that the main window shows. Each
+// signal stands for one refresh of the window: the window listens and reloads
+// the pane or panel, so nothing below it needs to know the window exists.
+class ChangeNotices : public QObject {
+    Q_OBJECT
+public:
+    static ChangeNotices& Instance();
+
+Q_SIGNALS:
+    void LoadRecipies();
+    void LoadAllCoupons();
+    void LoadShoppingList();
+    void LoadMealList();
+    void LoadMessages();
+    void LoadQuickStart();
+    void SetCurrentInventory();
+    void SetCurrentRecipieCount();
+    // The recipe tree's marks changed; the tree shows or hides by its filter again.
+    void ApplyRecipeFilter();
+    // The cookbook panel of the status bar shows `text` as it stands.
+    void SetCookbookPanel(const QString& text);
+    // A message written while the program runs joins the message centre.
+    void AddMessage(const QString& title, const QString& body, const QString& date, int type);
+    // A node just added to a pane is opened and scrolled into view.
+    void ShowNode(QStandardItem* node);
+
+private:
+    ChangeNotices() = default;
+};
+
+inline ChangeNotices& Notices() { return ChangeNotices::Instance(); }

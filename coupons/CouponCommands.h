@@ -1,0 +1,10 @@
+#pragma once
+
+class CommandRegistry;
+
+// The main window's coupon commands.
+namespace CouponCommands {
+void Register(CommandRegistry& commands);
+
+void mnuPOPDeleteCoupon_Click();
+}  // namespace CouponCommands

@@ -1,0 +1,17 @@
+#pragma once
+
+class CommandRegistry;
+
+// The main window's product and manufacturer commands.
+namespace ProductCommands {
+void Register(CommandRegistry& commands);
+
+void mnuEnterProduct_Click();
+// Editing starts from the listing, where the product is picked.
+void mnuViewAllProducts_Click();
+void mnuExportProduct_Click();
+void mnuPrintProductList_Click();
+void mnuRenameManufacturer_Click();
+void mnuDeleteManufacturer_Click();
+void mnuPOPShowProducts_Click();
+}  // namespace ProductCommands

@@ -1,0 +1,118 @@
+#include "recipes/RecipeCommands.h"
+
+#include "core/ChangeNotices.h"
+#include "core/CommandRegistry.h"
+#include "core/Globals.h"
+#include "core/MainPanes.h"
+#include "platform/Ui.h"
+#include "recipes/RecipeComparisons.h"
+#include "recipes/clsRecipies.h"
+
+#include <QStandardItem>
+
+namespace {
+
+// The recipe node selected in the tree, nullptr when a category or nothing is.
+QStandardItem* SelectedRecipe() {
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* node = panes.CurrentNode(panes.recipes);
+    return MainPanes::IsRecipeNode(node) ? node : nullptr;
+}
+
+}  // namespace
+
+namespace RecipeCommands {
+
+void mnuCloseCookbook_Click() {
+    CurrentCookbook.clear();
+    Q_EMIT Notices().LoadRecipies();
+}
+
+void mnuClearRecipeComparasions_Click() {
+    RecipeComparisons::Instance().Clear();
+    // The tree's compared recipes look like the others again.
+    MainPanes& panes = MainPanes::Instance();
+    for (QStandardItem* node : panes.AllNodes(panes.recipes)) {
+        const QString key = node->data(MainPanes::ImageKeyRole).toString();
+        if (key == QLatin1String("RecipeCompare")) panes.SetImageKey(node, QStringLiteral("Recipe"));
+        else if (key == QLatin1String("RecipeCompareFavorite")) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
+    }
+}
+
+void mnuPOPToggleFavorite_Click() {
+    QStandardItem* node = SelectedRecipe();
+    if (!node) return;
+    const QString title = node->text();
+    clsRecipies recipes;
+    recipes.MarkFavorite(title);
+    // The tree follows the new mark on every node of the recipe.
+    MainPanes& panes = MainPanes::Instance();
+    const bool nowFavourite = node->data(MainPanes::TagRole).toString() != QLatin1String("RecipeFavorite");
+    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
+        if (!MainPanes::IsRecipeNode(n) || n->text() != title) continue;
+        if (n->data(MainPanes::TagRole).toString() != QLatin1String("Recipe Title"))
+            n->setData(nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe"), MainPanes::TagRole);
+        const QString key = n->data(MainPanes::ImageKeyRole).toString();
+        const bool compared = key.startsWith(QLatin1String("RecipeCompare"));
+        panes.SetImageKey(n, compared ? (nowFavourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"))
+                                      : (nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe")));
+        if (nowFavourite) n->setData(QVariant(), Qt::ForegroundRole);
+        else panes.SetColour(n, QColor(100, 100, 100));
+    }
+    Q_EMIT Notices().ApplyRecipeFilter();
+}
+
+void mnuPOPPrintRecipie_Click() {
+    if (QStandardItem* node = SelectedRecipe()) clsRecipies().PrintPreview(node->text(), 1, QString());
+}
+
+void mnuPOPPrintPreview_Click() {
+    if (QStandardItem* node = SelectedRecipe()) clsRecipies().PrintPreview(node->text(), 2, QString());
+}
+
+void mnuPOPAddRecipeToComparison_Click() {
+    QStandardItem* node = SelectedRecipe();
+    if (!node) return;
+    const QString title = node->text();
+    RecipeComparisons::Instance().Add(title);
+    MainPanes& panes = MainPanes::Instance();
+    for (QStandardItem* n : panes.AllNodes(panes.recipes)) {
+        if (!MainPanes::IsRecipeNode(n) || n->text() != title) continue;
+        const bool favourite = n->data(MainPanes::ImageKeyRole).toString().contains(QLatin1String("Favorite")) ||
+                               n->data(MainPanes::TagRole).toString() == QLatin1String("RecipeFavorite");
+        panes.SetImageKey(n, favourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"));
+    }
+}
+
+void mnuPOPDeleteRecipie_Click() {
+    QStandardItem* node = SelectedRecipe();
+    if (!node) return;
+    const QString title = node->text();
+    Response = MsgBox(QStringLiteral("Are you sure you want to delete ") + title +
+                          QStringLiteral("? It is removed from every category, meal and comparison."),
+                      Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Delete Recipe"));
+    if (Response != Answer::Yes) return;
+    clsRecipies recipes;
+    const qint16 result = recipes.DeleteRecipie(title);
+    if (result == 1)
+        MsgBox(QStringLiteral("More than one recipe is titled ") + title + QStringLiteral(", so none was deleted."),
+               Box::Exclamation, QStringLiteral("Delete Recipe"));
+    else if (result == 2)
+        MsgBox(title + QStringLiteral(" could not be found, so it was not deleted."), Box::Exclamation,
+               QStringLiteral("Delete Recipe"));
+    else
+        RecipeComparisons::Instance().RemoveFirst(title);
+    Q_EMIT Notices().SetCurrentRecipieCount();
+}
+
+void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuCloseCookbook"), mnuCloseCookbook_Click);
+    commands.Add(QStringLiteral("mnuClearRecipeComparasions"), mnuClearRecipeComparasions_Click);
+    commands.Add(QStringLiteral("mnuPOPToggleFavorite"), mnuPOPToggleFavorite_Click);
+    commands.Add(QStringLiteral("mnuPOPPrintRecipie"), mnuPOPPrintRecipie_Click);
+    commands.Add(QStringLiteral("mnuPOPPrintPreview"), mnuPOPPrintPreview_Click);
+    commands.Add(QStringLiteral("mnuPOPAddRecipeToComparison"), mnuPOPAddRecipeToComparison_Click);
+    commands.Add(QStringLiteral("mnuPOPDeleteRecipie"), mnuPOPDeleteRecipie_Click);
+}
+
+}  // namespace RecipeCommands

@@ -1,0 +1,72 @@
+#include "stores/StoreCommands.h"
+
+#include "core/CommandRegistry.h"
+#include "core/Globals.h"
+#include "core/clsRegistry.h"
+#include "platform/Ui.h"
+#include "stores/clsItemCategory.h"
+#include "stores/clsStore.h"
+#include "stores/frmSelectStore.h"
+
+#include <QDialog>
+#include <functional>
+
+namespace {
+
+// A new store or category is named in an input box; a name already on file is refused.
+QString AskNewName(const QString& prompt, const QString& title, const std::function<bool(const QString&)>& onFile) {
+    const QString name = InputBox(prompt, title).trimmed();
+    if (name.isEmpty()) return QString();
+    if (onFile(name)) {
+        MsgBox(name + QStringLiteral(" is already on file."), Box::OKOnly, QStringLiteral("Exists"));
+        return QString();
+    }
+    return name;
+}
+
+}  // namespace
+
+namespace StoreCommands {
+
+void mnuAddNewStore_Click() {
+    clsStore store;
+    const QString name = AskNewName(QStringLiteral("What is the name of the new Store?"), QStringLiteral("Add Store"),
+                                    [&](const QString& n) { return store.Exists(n); });
+    if (name.isEmpty()) return;
+    store.Name(name);
+    store.IsleCount(1);
+    store.WriteNew();
+}
+
+void mnuEnterItemCategories_Click() {
+    clsItemCategory categories;
+    const QString name =
+        AskNewName(QStringLiteral("What is the name of the new Item Category?"), QStringLiteral("Item Category"),
+                   [&](const QString& n) { return categories.Exists(n); });
+    if (!name.isEmpty()) categories.WriteNew(name);
+}
+
+void mnuImportStoreMap_Click() {
+    const QString path = TheUi().OpenFileName(QStringLiteral("Import Store Map"), Registry().ExportFilePath(),
+                                              QStringLiteral("Store Maps (*.gil);;All Files (*)"));
+    if (!path.isEmpty()) clsStore().ImportStoreFile(path);
+}
+
+void mnuExportStoreMap_Click() {
+    frmSelectStore pick(QStringLiteral("Which Store's Isle map would you like to export?"), MainWindow());
+    if (pick.StoreCount() == 0) {
+        MsgBox(QStringLiteral("There are no Stores to export."), Box::OKOnly, QStringLiteral("Notice"));
+        return;
+    }
+    if (TheUi().ShowModal(&pick) != QDialog::Accepted || pick.SelectedStore().isEmpty()) return;
+    clsStore().ExportStoreFile(pick.SelectedStore());
+}
+
+void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuAddNewStore"), mnuAddNewStore_Click);
+    commands.Add(QStringLiteral("mnuEnterItemCategories"), mnuEnterItemCategories_Click);
+    commands.Add(QStringLiteral("mnuImportStoreMap"), mnuImportStoreMap_Click);
+    commands.Add(QStringLiteral("mnuExportStoreMap"), mnuExportStoreMap_Click);
+}
+
+}  // namespace StoreCommands
