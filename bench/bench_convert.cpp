@@ -94,7 +94,7 @@ void BM_OpenConversionChart(benchmark::State& state) {
 }
 BENCHMARK(BM_OpenConversionChart)->Unit(benchmark::kMillisecond);
 
-// Saving the chart: the old cells deleted, every cell written again.
+// Saving the chart: the stored cells deleted, every cell written again.
 void BM_SaveConversionChart(benchmark::State& state) {
     Household();
     frmConversions chart;

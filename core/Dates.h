@@ -19,7 +19,7 @@ bool IsDate(const QVariant& v);
 // Type mismatch.
 QDateTime CDate(const QVariant& v);
 
-// Intervals, as the language names them: "yyyy" years, "q" quarters,
+// Intervals by their codes: "yyyy" years, "q" quarters,
 // "m" months, "y"/"d" days, "w" weeks of seven days, "ww" calendar weeks
 // (Sundays), "h" hours, "n" minutes, "s" seconds. Anything else raises
 // "Invalid procedure call or argument".

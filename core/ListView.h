@@ -3,11 +3,10 @@
 #include <QListView>
 #include <QTreeView>
 
-// A list pane with the four views of the common list control: large icons,
-// small icons, a plain list, and the report view with a column per sub-item
-// under a clickable header. Sorting follows the control too: a sort key (the
-// column), an order, and a "sorted" switch; a click on a column header makes
-// that column the key and turns the order around.
+// A list pane with four views: large icons, small icons, a plain list, and
+// the report view with a column per sub-item under a clickable header. Sorting
+// is a sort key (the column), an order, and a "sorted" switch; a click on a
+// column header makes that column the key and turns the order around.
 class ListView : public QTreeView {
     Q_OBJECT
 public:

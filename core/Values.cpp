@@ -159,8 +159,8 @@ std::optional<bool> BoolWord(const QString& text) {
 }
 
 // The number held by any value that the numeric conversions accept; raises
-// the customary errors otherwise. Currency and whole values keep their
-// exactness in the caller, this is for the double path.
+// Invalid use of Null or Type mismatch otherwise. Currency and whole values
+// keep their exactness in the caller, this is for the double path.
 double NumberOf(const QVariant& v) {
     switch (KindOf(v)) {
     case Kind::Null: throw RuntimeError(Err::InvalidUseOfNull);
@@ -214,7 +214,7 @@ T RoundToWhole(const QVariant& v) {
 // ------------------------------------------------------- number to text --
 
 // Shortest text of a double with at most `precision` significant digits,
-// in the language's own style: fixed notation while the exponent stays
+// in the style CStr prints: fixed notation while the exponent stays
 // between -4 and precision-1, else "1.5E+20" / "1E-05".
 QString NumberText15(double d, int precision) {
     if (d == 0) return QStringLiteral("0");
@@ -372,7 +372,7 @@ Decimal DecimalOf(const QVariant& v) {
     case Kind::Integer: text = v.toString(); break;
     case Kind::Bool: text = v.toBool() ? QStringLiteral("-1") : QStringLiteral("0"); break;
     default: {
-        // Fifteen significant digits, as the language keeps them, before
+        // Fifteen significant digits, as CStr shows them, before
         // any rounding: 2.675 rounds to 2.68 and not to 2.67.
         const double x = NumberOf(v);
         text = QString::number(x, 'e', 14);

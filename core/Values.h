@@ -13,7 +13,7 @@
 //   Null   - an invalid QVariant (what a NULL column reads as)
 //   Empty  - an unset value, EmptyValue() below
 //   bool, qint16/int/qint64, float/double, Currency, QString, QDate/QDateTime
-// Failures raise RuntimeError with the customary descriptions (Err::...).
+// Failures raise RuntimeError with the fixed descriptions of Err::...
 
 // The "never assigned" value; it acts as 0 with numbers and "" with text.
 struct EmptyVariant {
@@ -50,7 +50,7 @@ QString  CStr(const QVariant& v);
 // everything else CStr. The usual way to read a column that may be NULL.
 QString  TextOf(const QVariant& v);
 
-// The "+" of the language on loose values:
+// "+" on loose values, as the classes add columns and texts:
 //   Null with anything -> Null; Empty + x -> x (Empty + Empty -> 0)
 //   text + text -> the texts joined
 //   number + text -> the text converted (Type mismatch when it is not numeric)
@@ -79,7 +79,7 @@ private:
     QStringList m_parts;
 };
 
-// The language's Format for the patterns the program uses:
+// Format, for the patterns the program uses:
 //   numbers: "0" and "#" digit places, "." and "," (thousands), "%", literal
 //   text such as "$", quoted text and "\x"; up to three sections split by ";"
 //   (positive;negative;zero). Rounds half away from zero on the decimal

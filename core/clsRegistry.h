@@ -16,7 +16,7 @@
 // by hand that will not convert raises RuntimeError ("Type mismatch",
 // "Overflow") in the caller; this class traps nothing. Booleans are written
 // "True"/"False" and "-1" reads as true. Variant settings read back the stored
-// text as it is, and the language's Empty when there is none and no default.
+// text as it is, and Empty (EmptyValue()) when there is none and no default.
 // The defaults of the paths follow the program folder.
 class clsRegistry {
 public:
@@ -251,7 +251,7 @@ public:
     QString RDABasis();
     void RDABasis(const QString& value);
 
-    // --- Kept for the callers that still name them; they do nothing --------
+    // --- Callers name these; there is nothing behind them ----------------
     qint32 RecentlyUsed() { return 0; }
     void RecentlyUsed(qint32) {}
     void SetLVForm() {}

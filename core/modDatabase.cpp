@@ -13,7 +13,7 @@
 namespace {
 
 
-// Closing a connection that is not open is an error, as it always was.
+// Closing a connection that is not open is an error: upkeep needs the live database.
 void CloseMain() {
     if (!ConnectionMain().IsOpen()) throw RuntimeError(Err::ClosedRecordset);
     ConnectionMain().Close();
@@ -39,8 +39,8 @@ bool DBCompact() {
         while (QFile::exists(ProgramFolder::File(QStringLiteral("Larder.%1").arg(n)))) ++n;
         // The safety copy is taken from "Larder.mdb", a name distinct from the live file.
         const QString safety = ProgramFolder::File(QStringLiteral("Larder.%1").arg(n));
-        const QString oldName = ProgramFolder::File(QStringLiteral("Larder.mdb"));
-        if (!QFile::copy(oldName, safety)) throw RuntimeError(QStringLiteral("File not found"));
+        const QString safetySource = ProgramFolder::File(QStringLiteral("Larder.mdb"));
+        if (!QFile::copy(safetySource, safety)) throw RuntimeError(QStringLiteral("File not found"));
         const QString temp = ProgramFolder::File(QStringLiteral("temp"));
         Database::CompactFile(SourceOf(connection), temp);
         const QString live = ProgramFolder::File(QStringLiteral("Larderkeep.mdb"));

@@ -11,8 +11,8 @@ class QWidget;
 // frame's position, height and width the window's own size, in pixels.
 
 // Puts back each of top, height, width, left that was saved; a stored 0 counts
-// as never saved, so a window once saved at the very top edge opens where it
-// was designed to.
+// as never saved, so a window once saved at the very top edge opens at its
+// default place.
 void RestoreFormPosition(QWidget* form);
 
 void SaveFormPosition(QWidget* form, qint32 top, qint32 height, qint32 width, qint32 left);

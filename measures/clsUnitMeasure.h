@@ -1,5 +1,5 @@
 #pragma once
 
-// Kept as a name only: measures are handled by modConvert, clsSize and
-// clsAbbreviations, and nothing is left for this class to hold.
+// A name only: measures are handled by modConvert, clsSize and
+// clsAbbreviations, so this class holds nothing.
 class clsUnitMeasure {};

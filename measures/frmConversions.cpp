@@ -23,8 +23,8 @@
 
 namespace {
 
-// Half to even on three decimals, as the chart's mirror cells have always been
-// rounded: 1/16 shows as 0.062.
+// The chart's mirror cells round half to even on three decimals: 1/16 shows
+// as 0.062.
 // (nearbyint under the default rounding mode breaks ties to even.)
 double RoundToThree(double value) { return std::nearbyint(value * 1000.0) / 1000.0; }
 
@@ -289,7 +289,7 @@ void frmConversions::mnuSaveGrid_Click() {
     Trap(QStringLiteral("frmConversions.mnuSaveGrid"), [&] {
         const int rows = flxConversionChart->rowCount();
         const int columns = flxConversionChart->columnCount();
-        // Every cell is checked before the old chart goes, so a typing slip
+        // Every cell is checked before the stored chart goes, so a typing slip
         // costs nothing but the correction.
         for (int r = 1; r <= rows; ++r) {
             for (int c = 1; c <= columns; ++c) {

@@ -27,7 +27,7 @@ int NameIndex(const std::array<QString, N>& names, const QString& word) {
     return -1;
 }
 
-// Two-digit years pivot at 30, as the language always did on these machines:
+// Two-digit years pivot at 30, so the stock mark 1/1/50 stays in 1950:
 // 00-29 belong to this century, 30-99 to the last one.
 int FullYear(const QString& digits) {
     const int y = digits.toInt();

@@ -6,7 +6,7 @@
 #include <optional>
 
 // The one reader of dates written as text. Dates reach the program in many
-// hands: ISO stamps from the database, "m/d/yy" stamps from old lists and
+// hands: ISO stamps from the database, "m/d/yy" stamps from saved lists and
 // exchange files, long forms used as meal names, and whatever a person types.
 //
 // Accepted:
@@ -24,7 +24,7 @@ std::optional<QDateTime> ParseDateText(const QString& text);
 std::optional<QDate> ParseDateOnlyText(const QString& text);
 
 // Just the time part ("10:30", "2:05:09 PM"); what a bare time means is up
-// to the caller (the language puts it on day zero, 12/30/1899).
+// to the caller (CDate puts it on day zero, 12/30/1899).
 std::optional<QTime> ParseTimeText(const QString& text);
 
 // The stored form: "yyyy-mm-dd", with " hh:mm:ss" only when the time is not
@@ -32,7 +32,7 @@ std::optional<QTime> ParseTimeText(const QString& text);
 QString IsoDateText(const QDateTime& dt);
 QString IsoDateText(const QDate& d);
 
-// Month and weekday names as the program prints them (English, as stored
-// meal names and printed lists always have been). month 1-12, weekday 1-7 Monday first.
+// Month and weekday names as the program prints them (English, so stored meal
+// names and printed lists read alike on every machine). month 1-12, weekday 1-7 Monday first.
 QString MonthNameText(int month, bool abbreviated);
 QString WeekdayNameText(int weekday, bool abbreviated);

@@ -3,8 +3,8 @@
 #include <QString>
 #include <stdexcept>
 
-// The run-time errors of the program's value rules. Their descriptions are the
-// customary ones, because message boxes and callers compare against them.
+// The run-time errors of the program's value rules. Their descriptions are
+// fixed texts, because message boxes and callers compare against them.
 class RuntimeError : public std::runtime_error {
 public:
     explicit RuntimeError(const QString& description)

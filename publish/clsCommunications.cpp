@@ -14,8 +14,8 @@ clsCommunications::LinkOpener& Opener() {
 }
 
 bool DesktopOpen(const QString& link) {
-    // Tolerant: the subject and body are not encoded, and the mail programs of
-    // old took them so; let the URL class escape what it must.
+    // Tolerant: the subject and body are not encoded, so let the URL class
+    // escape what it must.
     return QDesktopServices::openUrl(QUrl(link, QUrl::TolerantMode));
 }
 

@@ -9,7 +9,7 @@ class clsCommunications {
 public:
     // "mailto:" + address, then "?Subject=", "&Body=" and "&Attach=" for the
     // parts that are not empty. Subject and body go in as typed: a "&" in them
-    // ends the field early in the mail program, and that has always been so.
+    // ends the field early in the mail program.
     // Returns the link that was handed on.
     QString SendEmail(const QString& Address, const QString& Subject, const QString& Body,
                       const QString& Attachment);

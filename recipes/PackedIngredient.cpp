@@ -4,8 +4,7 @@
 
 QString PackedIngredient::ColumnName(int index) {
     if (index < 1 || index > LastSlot) return QString();
-    // The table was extended by hand once, and the two late columns kept
-    // their lower-case spelling.
+    // The last two columns are spelt in lower case in the table.
     return (index > LastShownSlot ? QStringLiteral("ingredient") : QStringLiteral("Ingredient")) +
            QString::number(index);
 }

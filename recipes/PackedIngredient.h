@@ -9,7 +9,7 @@
 //  - the quantity is right-justified to seven characters when written, so
 //    readers trim it and must not expect a digit first;
 //  - an empty unit reads back as "ea";
-//  - older rows have no preparation field at all (three fields, not four);
+//  - some rows have no preparation field at all (three fields, not four);
 //  - the cut can fall inside the preparation, or even the name.
 struct PackedIngredient {
     static inline const QString Separator = QStringLiteral("%%");

@@ -105,7 +105,7 @@ void clsCookBook::Rename(const QString& oldName, const QString& newName) {
         }
         r.Close();
         if (CurrentCookbook == oldName) CurrentCookbook = newName;
-        // This statement has never run (no such table, no "="); it reports, and
+        // This statement cannot run (no such table, no "="); it reports, and
         // the recipes keep the old name until NewCookbookName moves them.
         r.Open(QStringLiteral("SELECT [Cookbook] FROM Recipies WHERE [Cookbook] ") + SqlText(oldName), ConnectionMain(),
                adOpenKeyset, adLockOptimistic);

@@ -164,7 +164,7 @@ void clsRecipies::MarkFavorite(const QString& title) {
 
 bool clsRecipies::IsFavorite(QString& title) {
     return Trap(QStringLiteral("Recipe.IsFavorite"), false, [&] {
-        // This query has never been well formed and names a table the database
+        // This query is not well formed and names a table the database
         // does not have, so the answer is always the error report and False.
         // Callers read the mark from the row instead.
         Recordset rs;
@@ -181,8 +181,8 @@ bool clsRecipies::IsFavorite(const QString& title) {
 }
 
 qint32 clsRecipies::FavoriteCount(QString& cookbook) {
-    // Counts every recipe of the cookbook, favourite or not; the cookbook lists
-    // have always shown this figure under "Favorites".
+    // Counts every recipe of the cookbook, favourite or not: the figure the
+    // cookbook lists show under "Favorites".
     return Trap(QStringLiteral("Recipe.FavoriteCount"), qint32(0), [&] {
         Recordset rs;
         rs.Open(QStringLiteral("SELECT [Title] FROM Recipie WHERE [CookbookName] = ") + LitInPlace(cookbook),
@@ -199,7 +199,7 @@ qint32 clsRecipies::FavoriteCount(const QString& cookbook) {
 bool clsRecipies::OnMeal(QString& title) {
     return Trap(QStringLiteral("Recipe.OnMeal"), false, [&] {
         QuoteSql(title);
-        // "Meals" and its Side columns are the old meal table; the database has
+        // "Meals" and its Side columns name no table of this database, which has
         // Meal, so this reports the missing table and answers False.
         Recordset rs;
         rs.Open(QStringLiteral("SELECT * FROM Meals"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
@@ -269,8 +269,8 @@ void clsRecipies::RenameRecipie(const QString& oldTitle, const QString& newTitle
             rs.setField(QStringLiteral("Appetizer"), newTitle);
             rs.Update();
         }
-        // A main course has always been renamed into the Appetizer column, and
-        // meals saved since depend on it; the old title stays in MainCourse.
+        // A main course is renamed into the Appetizer column, and saved meals
+        // depend on it; the old title stays in MainCourse.
         if (is("MainCourse")) {
             rs.setField(QStringLiteral("Appetizer"), newTitle);
             rs.Update();
@@ -482,7 +482,8 @@ void clsRecipies::RemoveFromCategory(const QString& title, const QString& catego
         }
         rs.Close();
 
-        // It is the node named like the category that goes, as it always has.
+        // The first node named exactly like the category goes, with all under it,
+        // rather than the recipe's node beneath it.
         MainPanes& panes = MainPanes::Instance();
         for (QStandardItem* node : panes.AllNodes(Tree())) {
             if (node->text() == category) {
@@ -627,7 +628,7 @@ void clsRecipies::PrintPreview(const QString& title, int mode, const QString& pa
             break;
         case 3: {
             // Only an export without a path goes anywhere: the report engine
-            // then asks where. A given path has always been ignored, and the
+            // then asks where. A given path is ignored on purpose: the
             // cookbook printout relies on that.
             if (!path.isEmpty()) break;
             const QString target = TheUi().SaveFileName(

@@ -12,7 +12,7 @@ QString StoreMapFile::Line(const QString& store, const QString& category, const 
 namespace {
 
 // Reads fields one after another across line ends, so a short line borrows
-// from the next one, as the old sequential input did.
+// from the next one: a record is three fields, wherever the lines break.
 class FieldReader {
 public:
     explicit FieldReader(const QString& text) : text_(text) {}
@@ -75,7 +75,7 @@ bool StoreMapFile::Read(const QString& path, std::vector<Record>& records) {
     if (!file.open(QIODevice::ReadOnly)) return false;
     const QByteArray bytes = file.readAll();
     if (HasControlCharacters(bytes)) return false;
-    // Files from older systems are not UTF-8; their bytes are read one to a character.
+    // Files from other programs may not be UTF-8; their bytes are read one to a character.
     QStringDecoder utf8(QStringConverter::Utf8);
     QString text = utf8.decode(bytes);
     if (utf8.hasError()) text = QString::fromLatin1(bytes);

@@ -4,10 +4,10 @@
 #include <vector>
 
 // The store-map exchange file: one record a line, store, category and aisle
-// joined by commas, with no quoting and no walking order. It is read the way
-// comma-separated records always were read here: commas and line ends both end
-// a field, leading blanks are skipped, and a field that begins with a double
-// quote runs to the next double quote.
+// joined by commas, with no quoting and no walking order. It is read as one
+// stream of fields: commas and line ends both end a field, leading blanks are
+// skipped, and a field that begins with a double quote runs to the next double
+// quote.
 class StoreMapFile {
 public:
     struct Record {

