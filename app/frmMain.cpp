@@ -404,6 +404,7 @@ void frmMain::ListenToNotices() {
         StatusPanelCookbook->setText(text);
     });
     connect(&notices, &ChangeNotices::AddMessage, this, &frmMain::AddMessage);
+    connect(&notices, &ChangeNotices::SetMessage, this, &frmMain::SetMessage);
     connect(&notices, &ChangeNotices::ShowNode, this, &frmMain::ShowNode);
 }
 

@@ -24,6 +24,8 @@ Q_SIGNALS:
     void SetCurrentRecipieCount();
     // The recipe tree's marks changed; the tree shows or hides by its filter again.
     void ApplyRecipeFilter();
+    // One line in the status bar saying what a finished piece of work did.
+    void SetMessage(const QString& text);
     // The cookbook panel of the status bar shows `text` as it stands.
     void SetCookbookPanel(const QString& text);
     // A message written while the program runs joins the message centre.

@@ -11,6 +11,7 @@
 #include "core/clsRegistry.h"
 #include "core/deLarderkeep.h"
 #include "core/ChangeNotices.h"
+#include "core/Progress.h"
 #include "core/modVerify.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -220,13 +221,19 @@ void clsCoupon::AutoPurge(bool printReport, bool /*reserved*/) {
 
         // 2. Mark what has expired; a coupon due today has not.
         OpenDB(QStringLiteral("SELECT * FROM Coupons"), adOpenKeyset, adLockOptimistic);
-        while (!rs.IsEOF()) {
-            const QVariant expiration = rs.Field(QStringLiteral("Expiration"));
-            if (TextOf(expiration) != QLatin1String("Never") && ExpiredBeforeToday(expiration)) {
-                rs.setField(QStringLiteral("MarkForPurge"), true);
-                rs.Update();
+        {
+            // Marking is undone by nothing, so there is no Cancel here.
+            Progress progress(QStringLiteral("Looking for expired coupons ..."), rs.RecordCount(), false);
+            int done = 0;
+            while (!rs.IsEOF()) {
+                progress.Step(done++);
+                const QVariant expiration = rs.Field(QStringLiteral("Expiration"));
+                if (TextOf(expiration) != QLatin1String("Never") && ExpiredBeforeToday(expiration)) {
+                    rs.setField(QStringLiteral("MarkForPurge"), true);
+                    rs.Update();
+                }
+                rs.MoveNext();
             }
-            rs.MoveNext();
         }
         CloseDB();
 

@@ -120,6 +120,12 @@ public:
     }
     WriteBatch(const WriteBatch&) = delete;
     WriteBatch& operator=(const WriteBatch&) = delete;
+    // Drops everything written since the batch began (when it could begin).
+    void Cancel() {
+        if (!began_) return;
+        began_ = false;
+        db_.RollbackTrans();
+    }
 
 private:
     Database& db_;

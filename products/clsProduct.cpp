@@ -1,5 +1,7 @@
 #include "products/clsProduct.h"
 
+#include "core/ChangeNotices.h"
+
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
@@ -218,6 +220,7 @@ void clsProduct::ExportList() {
             text += fields.join(QLatin1Char(',')) + kCrLf;
         }
         TextFile::Write(path, text);
+        Q_EMIT Notices().SetMessage(QStringLiteral("Exported the product list to ") + QDir::toNativeSeparators(path));
         return true;
     });
 }

@@ -1,5 +1,6 @@
 #include "stores/StoreCommands.h"
 
+#include "core/ChangeNotices.h"
 #include "core/CommandRegistry.h"
 #include "core/Globals.h"
 #include "core/clsRegistry.h"
@@ -35,7 +36,7 @@ void mnuAddNewStore_Click() {
     if (name.isEmpty()) return;
     store.Name(name);
     store.IsleCount(1);
-    store.WriteNew();
+    if (store.WriteNew()) Q_EMIT Notices().SetMessage(QStringLiteral("Added the store ") + name);
 }
 
 void mnuEnterItemCategories_Click() {

@@ -1,10 +1,12 @@
 #include "stores/clsStore.h"
 
+#include "core/ChangeNotices.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
+#include "core/Progress.h"
 #include "core/modVerify.h"
 #include "platform/Database.h"
 #include "platform/ProgramFolder.h"
@@ -16,6 +18,7 @@
 #include "stores/clsItemCategory.h"
 
 #include <QDir>
+#include <QSet>
 #include <QFile>
 
 QString clsStore::Name() { return TextOf(rs.Field(QStringLiteral("Name"))); }
@@ -157,6 +160,7 @@ void clsStore::ExportStoreFile(const QString& name) {
             r.MoveNext();
         }
         TextFile::Write(path, text);
+        Q_EMIT Notices().SetMessage(QStringLiteral("Exported the aisle map of ") + name + QStringLiteral(" to ") + path);
 
         if (MsgBox(QStringLiteral("Would you like to mail ") + name + QStringLiteral(" to someone?"),
                    Box::YesNo + Box::Question, QStringLiteral("Mail Store")) == Answer::Yes)
@@ -172,8 +176,19 @@ void clsStore::ImportStoreFile(const QString& path) {
                    QStringLiteral("File Problem"));
             return;
         }
+        // One batch: a cancelled import leaves the household as it was.
+        Progress progress(QStringLiteral("Importing the store map ..."), int(records.size()), true);
         WriteBatch batch(ConnectionMain());
+        int done = 0;
+        int mapped = 0;
+        QSet<QString> stores;
         for (const StoreMapFile::Record& record : records) {
+            if (!progress.Step(done++)) {
+                batch.Cancel();
+                Q_EMIT Notices().SetMessage(QStringLiteral("Store map import cancelled: nothing was changed."));
+                return;
+            }
+            stores.insert(record.store.toCaseFolded());
             if (!Exists(record.store)) {
                 clsStore store;
                 store.Name(record.store);
@@ -188,7 +203,12 @@ void clsStore::ImportStoreFile(const QString& path) {
                 map.Isle(record.isle);
                 map.IsleOrder(0);
                 map.WriteNew();
+                ++mapped;
             }
         }
+        Q_EMIT Notices().SetMessage(QStringLiteral("Imported %1 aisle mappings for %2 store(s) from %3")
+                                        .arg(mapped)
+                                        .arg(stores.size())
+                                        .arg(QDir::toNativeSeparators(path)));
     });
 }
