@@ -24,11 +24,9 @@ protected:
         return ui.lastBox().prompt;
     }
     static void SetConstant(const QString& from, const QString& to, const QVariant& value) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Conversion WHERE [RowDescription] = '" + from + "' AND [ColumnDescription] = '" + to + "'",
-                ConnectionMain(), adOpenKeyset, adLockOptimistic);
-        rs.setField("ConversionConstant", value);
-        rs.Update();
+        rows::Set("SELECT * FROM Conversion WHERE [RowDescription] = " + rows::Literal(from) +
+                      " AND [ColumnDescription] = " + rows::Literal(to),
+                  "ConversionConstant", value);
     }
 };
 

@@ -30,12 +30,8 @@ protected:
         QFile f(path);
         return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     }
-    void SetImage(const QString& path) {
-        Recordset rs;
-        rs.Open("SELECT [ImageFile] FROM Recipie WHERE [Title] = 'Chili'", ConnectionMain(), adOpenKeyset,
-                adLockOptimistic);
-        rs.setField("ImageFile", path);
-        rs.Update();
+    static void SetImage(const QString& path) {
+        rows::Set("SELECT [ImageFile] FROM Recipie WHERE [Title] = 'Chili'", "ImageFile", path);
     }
     QStringList files_;
 };

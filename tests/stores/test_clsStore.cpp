@@ -21,13 +21,7 @@ protected:
     }
     // "Store/Category/Isle/Order" of every mapping, in the order written.
     static QStringList Mappings() {
-        QStringList out;
-        Recordset rs;
-        rs.Open("SELECT * FROM IsleMap ORDER BY [ID]", ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        for (; !rs.IsEOF(); rs.MoveNext())
-            out << QStringList({rs.Field("Store").toString(), rs.Field("ItemCategory").toString(),
-                                rs.Field("Isle").toString(), rs.Field("IsleOrder").toString()}).join("/");
-        return out;
+        return rows::Joined("SELECT * FROM IsleMap ORDER BY [ID]", {"Store", "ItemCategory", "Isle", "IsleOrder"}, "/");
     }
 };
 

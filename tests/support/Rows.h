@@ -71,6 +71,27 @@ inline QStringList Column(const QString& sql, const QString& field) {
     return out;
 }
 
+// Several columns of each row, joined by `separator`, in the query's order.
+inline QStringList Joined(const QString& sql, const QStringList& fields, const QString& separator = "|") {
+    Recordset rs;
+    rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
+    QStringList out;
+    for (; !rs.IsEOF(); rs.MoveNext()) {
+        QStringList cells;
+        for (const QString& field : fields) cells << TextOf(rs.Field(field));
+        out << cells.join(separator);
+    }
+    return out;
+}
+
+// Writes one column of the first row a query finds.
+inline void Set(const QString& sql, const QString& field, const QVariant& value) {
+    Recordset rs;
+    rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockOptimistic);
+    rs.setField(field, value);
+    rs.Update();
+}
+
 // One column of the first row whose `key` column holds `value`; invalid when there is none.
 inline QVariant Field(const QString& table, const QString& key, const QVariant& value, const QString& column) {
     Recordset rs;
