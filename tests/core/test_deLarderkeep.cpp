@@ -1,43 +1,16 @@
 #include "core/deLarderkeep.h"
 
-#include "core/Globals.h"
-#include "platform/Database.h"
-#include "platform/Recordset.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class ReportDataTest : public LarderTest {
 protected:
-    void AddListItem(const QString& list, const QString& store, const QString& item, const QString& style,
-                     bool current, int order = 0, const QString& isle = QString()) {
-        Recordset rs;
-        rs.Open("SELECT * FROM ShopList", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Name", list);
-        rs.setField("Store", store);
-        rs.setField("ItemName", item);
-        rs.setField("ItemStyle", style);
-        rs.setField("ItemQuantity", "1");
-        rs.setField("IsCurrent", current);
-        rs.setField("ShopOrder", order);
-        rs.setField("ShopIsle", isle);
-        rs.Update();
-    }
-    void AddProduct(const QString& name, const QString& category, const QVariant& bought) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Product", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Name", name);
-        rs.setField("Manufacturer", "Acme");
-        rs.setField("Category", category);
-        rs.setField("Cost", 2.5);
-        if (bought.isValid()) rs.setField("LastPurchasedDate", bought);
-        rs.Update();
+    static void AddListItem(const QString& list, const QString& store, const QString& item, const QString& style,
+                            bool current, int order = 0, const QString& isle = QString()) {
+        rows::Add("ShopList", {{"Name", list}, {"Store", store}, {"ItemName", item}, {"ItemStyle", style},
+                               {"ItemQuantity", "1"}, {"IsCurrent", current}, {"ShopOrder", order}, {"ShopIsle", isle}});
     }
 };
-
-}  // namespace
 
 TEST_F(ReportDataTest, StandardListGroupsOnlyCurrentItemsByCategory) {
     AddListItem("Week", "Corner", "Milk", "Dairy", true);
@@ -49,6 +22,9 @@ TEST_F(ReportDataTest, StandardListGroupsOnlyCurrentItemsByCategory) {
     const QString text = report.ToText();
     EXPECT_LT(text.indexOf("Bakery"), text.indexOf("Dairy"));
     EXPECT_FALSE(text.contains("Cheese"));
+    // The file is read even before the main connection opens.
+    CloseDatabase();
+    EXPECT_EQ(deLarderkeep::cmShoppingList().RowCount(), 2);
 }
 
 TEST_F(ReportDataTest, AisleReportKeepsTheWalkOrderAndQuotesTheStore) {
@@ -63,17 +39,14 @@ TEST_F(ReportDataTest, AisleReportKeepsTheWalkOrderAndQuotesTheStore) {
 }
 
 TEST_F(ReportDataTest, InventoryHoldsOnlyProductsEverBought) {
-    AddProduct("Flour", "Baking", QDate(2026, 11, 1));
-    AddProduct("Sugar", "Baking", QDate(1949, 6, 1));
-    AddProduct("Salt", "Spices", QVariant());
+    for (const auto& [name, bought] : QList<QPair<QString, QVariant>>{
+             {"Flour", QDate(2026, 11, 1)}, {"Sugar", QDate(1949, 6, 1)}, {"Salt", QVariant()}}) {
+        QVariantMap row{{"Name", name}, {"Manufacturer", "Acme"}, {"Category", "Baking"}, {"Cost", 2.5}};
+        if (bought.isValid()) row.insert("LastPurchasedDate", bought);
+        rows::Add("Product", row);
+    }
     const Report report = deLarderkeep::cmInventory();
     EXPECT_EQ(report.RowCount(), 1);
     EXPECT_TRUE(report.ToText().contains("11/01/2026"));
     EXPECT_TRUE(report.ToText().contains("$2.50"));
-}
-
-TEST_F(ReportDataTest, ReportsReadTheFileEvenBeforeTheMainConnectionOpens) {
-    AddListItem("Week", "Corner", "Milk", "Dairy", true);
-    CloseDatabase();
-    EXPECT_EQ(deLarderkeep::cmShoppingList().RowCount(), 1);
 }

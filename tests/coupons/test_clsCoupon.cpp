@@ -3,51 +3,20 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "platform/Database.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class CouponTest : public LarderTest {
 protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        FoundCouponID = 0;
-        MainPanes::Instance().ClearAll();
+    static qint32 AddCoupon(const QString& manufacturer, const QString& product, const QString& size,
+                            const QString& expiration = "Never", const QString& value = "0.50", bool marked = false) {
+        return rows::Add("Coupons", {{"Manufacturer", manufacturer}, {"Product", product}, {"Size", size},
+                                     {"Value", value}, {"Expiration", expiration}, {"Quantity", "1"},
+                                     {"MarkForPurge", marked}});
     }
-
-    qint32 AddCoupon(const QString& manufacturer, const QString& product, const QString& size,
-                     const QString& expiration = "Never", const QString& value = "0.50", bool marked = false) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Coupons", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Manufacturer", manufacturer);
-        rs.setField("Product", product);
-        rs.setField("Size", size);
-        rs.setField("Value", value);
-        rs.setField("Expiration", expiration);
-        rs.setField("Quantity", "1");
-        rs.setField("MarkForPurge", marked);
-        rs.Update();
-        return rs.Field("ID").toInt();
-    }
-
-    QVariant Column(const QString& sql, const QString& column) {
-        Recordset rs;
-        rs.Open(sql, ConnectionMain(), adOpenStatic, adLockReadOnly);
-        return rs.IsEOF() ? QVariant() : rs.Field(column);
-    }
-
-    int Count(const QString& table) {
-        Recordset rs;
-        rs.Open("SELECT * FROM " + table, ConnectionMain(), adOpenStatic, adLockReadOnly);
-        return rs.RecordCount();
-    }
+    static QVariant Of(qint32 id, const QString& column) { return rows::Field("Coupons", "ID", id, column); }
+    static int Count(const QString& table) { return rows::Count("SELECT * FROM " + table); }
 };
-
-}  // namespace
 
 TEST_F(CouponTest, MatchCodesFollowThePassesInOrder) {
     clsCoupon coupon;
@@ -55,10 +24,8 @@ TEST_F(CouponTest, MatchCodesFollowThePassesInOrder) {
     EXPECT_EQ(FoundCouponID, 0);
 
     const qint32 first = AddCoupon("Acme", "Milk", "1 gal");
-    const qint32 second = AddCoupon("Acme", "Milk", "1 gal");
+    ASSERT_NE(first, AddCoupon("Acme", "Milk", "1 gal"));
     const qint32 otherMaker = AddCoupon("Dairyland", "Butter", "1 lb");
-    ASSERT_NE(first, second);
-
     EXPECT_EQ(coupon.Exists("Acme", "Milk", "1 gal"), 1);
     EXPECT_EQ(FoundCouponID, first);  // the first of two equal coupons wins
     EXPECT_EQ(coupon.Exists("Acme", "Milk", "half gal"), 4);
@@ -66,47 +33,36 @@ TEST_F(CouponTest, MatchCodesFollowThePassesInOrder) {
     EXPECT_EQ(FoundCouponID, otherMaker);
     // No trimming: a trailing blank is another product.
     EXPECT_EQ(coupon.Exists("Acme", "Milk ", "1 gal"), 5);
-}
 
-TEST_F(CouponTest, AProductOnlyMatchFailsIntoTheCallersHandler) {
-    AddCoupon("Acme", "Milk", "1 gal");
+    // A product-only match fails into the caller's handler: it reads an ID it never selected.
     FoundCouponID = 77;
-    clsCoupon coupon;
-    try {
-        coupon.Exists("Other", "Milk", "2 gal");
-        FAIL() << "the product-only pass reads an ID it never selected";
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.description(), Err::ItemNotFound);
-    }
+    EXPECT_EQ(ErrorOf([&] { coupon.Exists("Other", "Milk", "2 gal"); }), Err::ItemNotFound);
     EXPECT_EQ(FoundCouponID, 77);
 }
 
 TEST_F(CouponTest, TheNotExactQuestionNamesTheCouponAndNoForgetsIt) {
     FoundCouponID = AddCoupon(" Acme ", "Milk ", " 1 gal");
-    clsCoupon coupon;
     ui.answer(Answer::No);
-    coupon.GetExistingCouponResponse();
+    clsCoupon().GetExistingCouponResponse();
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().title, "Coupon Alert");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
-    EXPECT_EQ(ui.lastBox().prompt,
-              QString("A coupon was found for that item but it is not an exact match. You you like to use the found "
-                      "Coupon? \r\n\r\n       \u2022 Product: Milk\r\n       \u2022 Manufacturer: Acme\r\n"
-                      "       \u2022 Size: 1 gal\r\n             Would you like to use this Coupon?"));
+    EXPECT_EQ(LastBox(), QString("Coupon Alert: A coupon was found for that item but it is not an exact match. You you "
+                                 "like to use the found Coupon? \r\n\r\n       \u2022 Product: Milk\r\n       \u2022 "
+                                 "Manufacturer: Acme\r\n       \u2022 Size: 1 gal\r\n             Would you like to use "
+                                 "this Coupon?"));
     EXPECT_EQ(FoundCouponID, 0);
 }
 
-TEST_F(CouponTest, ReservingAndReleasing) {
+TEST_F(CouponTest, ReservingAndReleasingAndTheAccessorsOfTheOpenRow) {
     const qint32 id = AddCoupon("Acme", "Milk", "1 gal");
     clsCoupon coupon;
     coupon.MarkCouponList(id, "Joe's List");
-    EXPECT_EQ(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(id), "OwnerList").toString(), "Joe's List");
-
+    EXPECT_EQ(Of(id, "OwnerList").toString(), "Joe's List");
     // Another list cannot release it; its own list can, leaving "" and not "None".
     EXPECT_TRUE(coupon.ReleaseCouponList(id, "Other"));
-    EXPECT_EQ(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(id), "OwnerList").toString(), "Joe's List");
+    EXPECT_EQ(Of(id, "OwnerList").toString(), "Joe's List");
     EXPECT_TRUE(coupon.ReleaseCouponList(id, "Joe''s List"));
-    EXPECT_EQ(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(id), "OwnerList"), QVariant(QString()));
+    EXPECT_EQ(Of(id, "OwnerList"), QVariant(QString()));
 
     // Numbers pass through a 16-bit integer.
     ui.answer(Answer::OK);
@@ -115,15 +71,10 @@ TEST_F(CouponTest, ReservingAndReleasing) {
     ui.answer(Answer::OK);
     EXPECT_FALSE(coupon.ReleaseCouponList(40000, "Week"));
     EXPECT_EQ(ui.lastBox().prompt, "Error: Overflow (Occurred in Coupon.ReleaseCouponList)");
-}
 
-TEST_F(CouponTest, AccessorsReadTheRowOnlyForTheirHalf) {
-    AddCoupon("Acme", "Milk", "1 gal");
-    clsCoupon coupon;
+    // The accessors read the row only for their half.
     coupon.OpenDB("SELECT * FROM Coupons", adOpenStatic, adLockReadOnly);
-    EXPECT_EQ(coupon.Manufacturer(), "");
-    EXPECT_EQ(coupon.product(), "");
-    EXPECT_EQ(coupon.Quantity(), "1");
+    EXPECT_EQ(QStringList({coupon.Manufacturer(), coupon.product(), coupon.Quantity()}), QStringList({"", "", "1"}));
     EXPECT_FALSE(coupon.MarkForPurge());
     coupon.Quantity("9");
     EXPECT_EQ(coupon.Quantity(), "1");
@@ -140,11 +91,9 @@ TEST_F(CouponTest, PurgeTakesOnlyWhatIsPastItsDate) {
     for (qint32 id : {yesterday, today, never, byHand})
         panes.AddNode(panes.coupons, "Acme", QString("C%1").arg(id), "coupon", QString(" %1 ").arg(id));
 
-    clsCoupon coupon;
-    coupon.AutoPurge(false, true);
-    EXPECT_EQ(Count("Coupons"), 2);
-    EXPECT_TRUE(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(today), "ID").isValid());
-    EXPECT_TRUE(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(never), "ID").isValid());
+    clsCoupon().AutoPurge(false, true);
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "ID"),
+              QStringList({QString::number(today), QString::number(never)}));
     QStringList left;
     for (QStandardItem* node : panes.AllNodes(panes.coupons)) left << node->data(MainPanes::TagRole).toString().trimmed();
     EXPECT_EQ(left, QStringList({"", QString::number(today), QString::number(never)}));
@@ -154,33 +103,21 @@ TEST_F(CouponTest, AWordForADateStopsThePurgeWithWhatWasDoneKept) {
     AddCoupon("Acme", "Milk", "1 gal", "11/01/2026");
     AddCoupon("Acme", "Soap", "bar", "someday");
     AddCoupon("Acme", "Tea", "box", "11/02/2026");
-    clsCoupon coupon;
     ui.answer(Answer::OK);
-    coupon.AutoPurge(false, true);
+    clsCoupon().AutoPurge(false, true);
     EXPECT_EQ(ui.lastBox().prompt, "Error: Type mismatch (Occurred in Coupon.AutoPurge)");
     // The first was marked before the walk stopped; nothing was deleted yet.
-    EXPECT_EQ(Count("Coupons"), 3);
-    EXPECT_TRUE(Column("SELECT * FROM Coupons WHERE [Product] = 'Milk'", "MarkForPurge").toBool());
-    EXPECT_FALSE(Column("SELECT * FROM Coupons WHERE [Product] = 'Tea'", "MarkForPurge").toBool());
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "MarkForPurge"), QStringList({"True", "False", "False"}));
 }
 
 TEST_F(CouponTest, TheDeliveryWalkClearsATableOfExpiredCoupons) {
-    auto addDelivery = [&](const QString& name, const QString& expiration) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Delivery", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Restaurant", name);
-        rs.setField("Expiration", expiration);
-        rs.Update();
-    };
     // Only a table in which every row has expired lets the walk end: a current
     // delivery coupon holds it on that row for good, so no test can add one.
-    addDelivery("Old pizza", "10/01/2026");
-    addDelivery("Old curry", "11/21/2026");
-    addDelivery("Old noodles", "01/15/2025");
+    for (const auto& [name, expiration] : QList<QPair<QString, QString>>{
+             {"Old pizza", "10/01/2026"}, {"Old curry", "11/21/2026"}, {"Old noodles", "01/15/2025"}})
+        rows::Add("Delivery", {{"Restaurant", name}, {"Expiration", expiration}});
     AddCoupon("Acme", "Milk", "1 gal");
-    clsCoupon coupon;
-    coupon.AutoPurge(false, true);
+    clsCoupon().AutoPurge(false, true);
     EXPECT_EQ(Count("Delivery"), 0);
     EXPECT_EQ(Count("Coupons"), 1);  // the store coupons' stages still ran
 }
@@ -213,16 +150,13 @@ TEST_F(CouponTest, ExpiryCheckWarnsAheadButReddensOnlyThePast) {
 
     ui.answer(Answer::OK);
     EXPECT_FALSE(clsCoupon::ExpireAction(true));
-    EXPECT_EQ(ui.lastBox().prompt, "There are Coupons that are going to expire in the next 3 days.");
-    EXPECT_EQ(ui.lastBox().title, "Pending Expiration");
+    EXPECT_EQ(LastBox(), "Pending Expiration: There are Coupons that are going to expire in the next 3 days.");
     EXPECT_EQ(ui.lastBox().buttons, Box::Information);
-
     Registry().CouponExpiredAction(2);
     EXPECT_TRUE(clsCoupon::ExpireAction(true));
 }
 
 TEST_F(CouponTest, AddNewWritesTheRowItsVocabularyAndItsNode) {
-    MainPanes& panes = MainPanes::Instance();
     clsCoupon coupon;
     coupon.Manufacturer("O'Brien's");
     coupon.product("Oat \"Crunch\"");
@@ -235,12 +169,12 @@ TEST_F(CouponTest, AddNewWritesTheRowItsVocabularyAndItsNode) {
     coupon.Store(" ");
     coupon.OwnerList("None");
     ASSERT_TRUE(coupon.AddNew());
-    EXPECT_EQ(Column("SELECT * FROM Manufacturer WHERE [Name] = 'O''Brien''s'", "Name").toString(), "O'Brien's");
-    EXPECT_EQ(Column("SELECT * FROM ItemCategory WHERE [Name] = 'Cereal Aisle'", "Name").toString(), "Cereal Aisle");
-    const QString where = "SELECT * FROM Coupons WHERE [Product] = 'Oat \"\"Crunch\"\"'";
-    EXPECT_EQ(Column("SELECT * FROM Coupons", "Value").toString(), "Buy one, get one free");
-    EXPECT_EQ(Column("SELECT * FROM Coupons", "OwnerList"), QVariant());  // never written
-    const QString id = Column("SELECT * FROM Coupons", "ID").toString();
+    EXPECT_EQ(rows::Count("SELECT * FROM Manufacturer WHERE [Name] = 'O''Brien''s'"), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Cereal Aisle'"), 1);
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons", "Value"), QStringList({"Buy one, get one free"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons", "OwnerList"), QStringList({"<null>"}));  // never written
+    const QString id = rows::Column("SELECT * FROM Coupons", "ID").value(0);
+    MainPanes& panes = MainPanes::Instance();
     QStandardItem* node = nullptr;
     for (QStandardItem* item : panes.AllNodes(panes.coupons))
         if (item->data(MainPanes::TagRole).toString() == id) node = item;
@@ -251,39 +185,26 @@ TEST_F(CouponTest, AddNewWritesTheRowItsVocabularyAndItsNode) {
 }
 
 TEST_F(CouponTest, DeletingLeavesAReminderToDiscardThePaperCoupon) {
-    const qint32 id = AddCoupon("Acme", "Milk", "1 gal");
     Registry().CouponAddReminder(true);
     clsCoupon coupon;
-    coupon.DeleteCoupon(id, 1);
+    coupon.DeleteCoupon(AddCoupon("Acme", "Milk", "1 gal"), 1);
     EXPECT_EQ(Count("Coupons"), 0);
-    EXPECT_EQ(Column("SELECT * FROM Messages", "Title").toString(), "Discard Coupon for Acme's Milk");
-
+    EXPECT_EQ(rows::Column("SELECT * FROM Messages", "Title"), QStringList({"Discard Coupon for Acme's Milk"}));
     Registry().CouponAddReminder(false);
     coupon.DeleteCoupon(AddCoupon("Acme", "Tea", "box"), 1);
     EXPECT_EQ(Count("Messages"), 1);
 }
 
 TEST_F(CouponTest, ACouponEnteredForAListedItemReservesByTheListRowsNumber) {
-    Recordset rs;
-    rs.Open("SELECT * FROM ShopList", ConnectionMain(), adOpenStatic, adLockOptimistic);
-    rs.AddNew();
-    rs.setField("Name", "Week");
-    rs.setField("ItemName", "Skim Milk");
-    rs.setField("IsCurrent", false);
-    rs.Update();
-    const qint32 rowID = rs.Field("ID").toInt();
-    rs.Close();
+    const qint32 rowID = rows::Add("ShopList", {{"Name", "Week"}, {"ItemName", "Skim Milk"}, {"IsCurrent", false}});
     // A coupon that happens to carry the list row's number is the one reserved.
     while (AddCoupon("Acme", "Other", "x") < rowID) {
     }
-
-    clsCoupon coupon;
     ui.answer(Answer::Yes);
-    coupon.CheckForExistingList("Milk");
-    EXPECT_EQ(ui.lastBox().prompt, "A product similar to Milk is already on Week, do you want to use this coupon?");
-    EXPECT_EQ(ui.lastBox().title, "Use Coupon?");
-    EXPECT_TRUE(Column("SELECT * FROM ShopList", "Coupon").toBool());
-    EXPECT_EQ(Column(QString("SELECT * FROM Coupons WHERE [ID] = %1").arg(rowID), "OwnerList").toString(), "Week");
+    clsCoupon().CheckForExistingList("Milk");
+    EXPECT_EQ(LastBox(), "Use Coupon?: A product similar to Milk is already on Week, do you want to use this coupon?");
+    EXPECT_TRUE(rows::Field("ShopList", "ID", rowID, "Coupon").toBool());
+    EXPECT_EQ(Of(rowID, "OwnerList").toString(), "Week");
 }
 
 TEST_F(CouponTest, TheUncalledHelpersStillAnswer) {
@@ -293,14 +214,12 @@ TEST_F(CouponTest, TheUncalledHelpersStillAnswer) {
     // "Soup" matches both products; "Tomato" the first once more.
     EXPECT_EQ(coupon.IngredientCheck("tomato soup, 1 can"), "3%%Tomato Soup,Tomato Soup,Soup Crackers%%1");
     EXPECT_EQ(coupon.IngredientCheck(","), "0%%%%0");
-
     qint32 found = 0;
     coupon.PossibleCoupon("Soup", found);  // no product holds " Soup " between blanks
     EXPECT_EQ(found, 0);
-    EXPECT_EQ(coupon.GetPendingExpirations(), 0);
 
     coupon.UpdateCoupons("Acme", "Crackers", "", "Week");
-    EXPECT_EQ(Column("SELECT * FROM Coupons WHERE [Product] = 'Soup Crackers'", "OwnerList").toString(), "Week");
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons WHERE [Product] = 'Soup Crackers'", "OwnerList"), QStringList({"Week"}));
     ui.answer(Answer::OK);
     coupon.UpdateCoupons("Acme", "Joe's", "", "Week");
     EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurred in Coupon.UpdateCoupons)"));

@@ -1,46 +1,28 @@
 #include "lists/clsShopList.h"
-#include "recipes/RecipeTestRows.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class ShopListTest : public LarderTest {
 protected:
-    void AddItem(const QString& item, const QString& style, const QString& source) {
-        Recordset rs;
-        rs.Open("SELECT * FROM ShopList", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Name", "Weekly");
-        rs.setField("ItemName", item);
-        rs.setField("ItemStyle", style);
-        rs.setField("ItemSource", source);
-        rs.setField("IsCurrent", true);
-        rs.Update();
+    static void AddItem(const QString& item, const QString& style, const QString& source) {
+        rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", item}, {"ItemStyle", style}, {"ItemSource", source},
+                               {"IsCurrent", true}});
     }
 };
-
-}  // namespace
 
 TEST_F(ShopListTest, AdjustRecipeNameRewritesExactStylesAndEverySourceMention) {
     AddItem("beans", "Chili", "");
     AddItem("onion", "For Chili", "chili; CHILI night");
     AddItem("bread", "Bakery", "Sandwich");
     AddItem("corn", "chili", "Chili Dog");
-    clsShopList list;
-    list.AdjustRecipeName("Chili", "Texas Chili");
-    EXPECT_EQ(Column("SELECT [ItemStyle] FROM ShopList ORDER BY [ID]", "ItemStyle"),
-              QStringList({"Texas Chili", "For Chili", "Bakery", "Texas Chili"}));
-    EXPECT_EQ(Column("SELECT [ItemSource] FROM ShopList ORDER BY [ID]", "ItemSource"),
-              QStringList({"", "Texas Chili; Texas Chili night", "Sandwich", "Texas Chili Dog"}));
-    EXPECT_EQ(ui.count(), 0);
-}
-
-TEST_F(ShopListTest, AdjustRecipeNameWithQuotes) {
     AddItem("apples", "Mom's Pie", "for Mom's Pie");
     clsShopList list;
+    list.AdjustRecipeName("Chili", "Texas Chili");
     list.AdjustRecipeName("Mom's Pie", "Grandma's \"Best\" Pie");
-    EXPECT_EQ(Column("SELECT * FROM ShopList", "ItemStyle"), QStringList({"Grandma's \"Best\" Pie"}));
-    EXPECT_EQ(Column("SELECT * FROM ShopList", "ItemSource"), QStringList({"for Grandma's \"Best\" Pie"}));
+    EXPECT_EQ(rows::Column("SELECT [ItemStyle] FROM ShopList ORDER BY [ID]", "ItemStyle"),
+              QStringList({"Texas Chili", "For Chili", "Bakery", "Texas Chili", "Grandma's \"Best\" Pie"}));
+    EXPECT_EQ(rows::Column("SELECT [ItemSource] FROM ShopList ORDER BY [ID]", "ItemSource"),
+              QStringList({"", "Texas Chili; Texas Chili night", "Sandwich", "Texas Chili Dog", "for Grandma's \"Best\" Pie"}));
     EXPECT_EQ(ui.count(), 0);
 }
 

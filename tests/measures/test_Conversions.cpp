@@ -1,6 +1,7 @@
 #include "measures/frmConversions.h"
 #include "measures/modConvert.h"
-#include "recipes/RecipeTestRows.h"
+#include "platform/Database.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
@@ -8,20 +9,17 @@
 #include <QTableWidget>
 #include <QtTest/QTest>
 
-namespace {
-
 class ConversionsTest : public LarderTest {
 protected:
     // The chart row (and column) of a measure, from 1.
     int Index(const QString& measure) {
-        const QStringList rows = Column("SELECT * FROM Conversion WHERE [RowDescription] = '" + measure + "'", "RowIndex");
-        return rows.isEmpty() ? 0 : rows.first().toInt();
+        return rows::Field("Conversion", "RowDescription", measure, "RowIndex").toInt();
     }
-    int FilledInStore() { return CountRows("SELECT * FROM Conversion WHERE [ConversionConstant] IS NOT NULL"); }
+    int FilledInStore() { return rows::Count("SELECT * FROM Conversion WHERE [ConversionConstant] IS NOT NULL"); }
     QString Stored(const QString& from, const QString& to) {
-        const QStringList v = Column("SELECT * FROM Conversion WHERE [RowDescription] = '" + QString(from).replace("'", "''") +
-                                         "' AND [ColumnDescription] = '" + QString(to).replace("'", "''") + "'",
-                                     "ConversionConstant");
+        const QStringList v = rows::Column("SELECT * FROM Conversion WHERE [RowDescription] = " + rows::Literal(from) +
+                                               " AND [ColumnDescription] = " + rows::Literal(to),
+                                           "ConversionConstant");
         return v.size() == 1 ? v.first() : QStringLiteral("<%1 rows>").arg(v.size());
     }
     // Types into the cell the way a person does: over the cell, then Enter.
@@ -36,7 +34,7 @@ protected:
 
 TEST_F(ConversionsTest, TheChartShowsEveryStoredCellWithItsReadingAndCounts) {
     frmConversions chart;
-    const int measures = CountRows("SELECT * FROM Abbreviation");
+    const int measures = rows::Count("SELECT * FROM Abbreviation");
     ASSERT_EQ(chart.Measures(), measures);
     EXPECT_EQ(chart.windowTitle(), "Conversion Chart");
     EXPECT_EQ(chart.StatusPanel(2),
@@ -58,8 +56,7 @@ TEST_F(ConversionsTest, ANumberTypedInACellWritesItsReciprocalInTheMirrorCell) {
     Type(chart, cup, tbsp, "8");
     EXPECT_FALSE(chart.Editing());
     EXPECT_TRUE(chart.txtField->isHidden());
-    EXPECT_EQ(chart.Cell(cup, tbsp), "8");
-    EXPECT_EQ(chart.Cell(tbsp, cup), "0.125");
+    EXPECT_EQ(chart.Cell(cup, tbsp) + " " + chart.Cell(tbsp, cup), "8 0.125");
     EXPECT_EQ(chart.StatusPanel(1), "1 cup = 8 tbsp");
     EXPECT_TRUE(chart.Changed());
 
@@ -71,11 +68,9 @@ TEST_F(ConversionsTest, ANumberTypedInACellWritesItsReciprocalInTheMirrorCell) {
 
     // A zero or a word has no reciprocal: the mirror keeps its value.
     Type(chart, cup, tbsp, "0");
-    EXPECT_EQ(chart.Cell(cup, tbsp), "0");
-    EXPECT_EQ(chart.Cell(tbsp, cup), "0.333");
+    EXPECT_EQ(chart.Cell(cup, tbsp) + " " + chart.Cell(tbsp, cup), "0 0.333");
     Type(chart, cup, tbsp, "lots");
-    EXPECT_EQ(chart.Cell(cup, tbsp), "lots");
-    EXPECT_EQ(chart.Cell(tbsp, cup), "0.333");
+    EXPECT_EQ(chart.Cell(cup, tbsp) + " " + chart.Cell(tbsp, cup), "lots 0.333");
     EXPECT_EQ(ui.count(), 0);
 }
 
@@ -98,13 +93,12 @@ TEST_F(ConversionsTest, TypingInTheGridOpensTheFieldAndEscapeLeavesTheCellAlone)
     chart.SelectCell(lb, oz);
     chart.StartEdit("20");
     chart.SelectCell(oz, lb);
-    EXPECT_EQ(chart.Cell(lb, oz), "20");
-    EXPECT_EQ(chart.Cell(oz, lb), "0.05");
+    EXPECT_EQ(chart.Cell(lb, oz) + " " + chart.Cell(oz, lb), "20 0.05");
 }
 
 TEST_F(ConversionsTest, SavingWritesEveryCellAndMakesNewMeasuresIntoSizes) {
-    const int before = CountRows("SELECT * FROM Conversion");
-    const int sizesBefore = CountRows("SELECT * FROM ItemSize");
+    const int before = rows::Count("SELECT * FROM Conversion");
+    const int sizesBefore = rows::Count("SELECT * FROM ItemSize");
     {
         frmConversions chart;
         ui.answerInput("Baker's dozen");
@@ -114,7 +108,7 @@ TEST_F(ConversionsTest, SavingWritesEveryCellAndMakesNewMeasuresIntoSizes) {
         ui.answerInput("gross");
         chart.mnuAddConversion->trigger();
         const int n = chart.Measures();
-        ASSERT_EQ(n, CountRows("SELECT * FROM Abbreviation") + 2);
+        ASSERT_EQ(n, rows::Count("SELECT * FROM Abbreviation") + 2);
         EXPECT_EQ(chart.Cell(n - 1, n - 1), "1");
         EXPECT_EQ(chart.flxConversionChart->horizontalHeaderItem(n - 2)->text(), "Baker's dozen");
         EXPECT_EQ(chart.flxConversionChart->verticalHeaderItem(n - 2)->text(), "Baker's dozen");
@@ -123,21 +117,19 @@ TEST_F(ConversionsTest, SavingWritesEveryCellAndMakesNewMeasuresIntoSizes) {
         chart.mnuSaveGrid->trigger();
         EXPECT_FALSE(chart.Changed());
     }
-    const int n = CountRows("SELECT * FROM Abbreviation") + 2;
-    EXPECT_EQ(CountRows("SELECT * FROM Conversion"), n * n);
+    const int n = rows::Count("SELECT * FROM Abbreviation") + 2;
+    EXPECT_EQ(rows::Count("SELECT * FROM Conversion"), n * n);
     EXPECT_GT(n * n, before);
-    EXPECT_EQ(Stored("Baker's dozen", "Baker's dozen"), "1");
-    EXPECT_EQ(Stored("Baker's dozen", "ea"), "13");
-    EXPECT_EQ(Stored("ea", "Baker's dozen"), "0.077");
-    EXPECT_EQ(Stored("Baker's dozen", "cup"), "<null>");
-    EXPECT_EQ(Stored("cup", "tbsp"), "16");
+    EXPECT_EQ(QStringList({Stored("Baker's dozen", "Baker's dozen"), Stored("Baker's dozen", "ea"),
+                           Stored("ea", "Baker's dozen"), Stored("Baker's dozen", "cup"), Stored("cup", "tbsp")}),
+              QStringList({"1", "13", "0.077", "<null>", "16"}));
     EXPECT_EQ(ConvertUnit("Baker's dozen", "2", "ea"), "26");
 
     // New measures become sizes without a short form, and asking nothing.
-    EXPECT_EQ(CountRows("SELECT * FROM ItemSize"), sizesBefore + 2);
-    EXPECT_EQ(Column("SELECT * FROM ItemSize WHERE [Name] = 'gross'", "Abbreviation"), QStringList({"<null>"}));
-    EXPECT_EQ(ui.prompts("InputBox").size(), 3);
-    EXPECT_EQ(ui.prompts("InputBox").first(), "What is the name of the measurement that you want to add?");
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemSize"), sizesBefore + 2);
+    EXPECT_EQ(rows::Column("SELECT * FROM ItemSize WHERE [Name] = 'gross'", "Abbreviation"), QStringList({"<null>"}));
+    const QString ask = "What is the name of the measurement that you want to add?";
+    EXPECT_EQ(ui.prompts("InputBox"), QStringList({ask, ask, ask}));
     EXPECT_EQ(ui.boxes().first().title, "Add Measurement");
     EXPECT_EQ(ui.prompts("MsgBox").size(), 0);
 
@@ -159,8 +151,7 @@ TEST_F(ConversionsTest, ABadCellIsNamedAndTheStoredChartStaysWhole) {
     ui.answer(Answer::OK);
     chart.mnuSaveGrid->trigger();
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, QStringLiteral("Error in Row: %1, Column: %2; 1/2, Please correct").arg(cup).arg(pt));
-    EXPECT_EQ(ui.lastBox().title, "Data Error");
+    EXPECT_EQ(LastBox(), QStringLiteral("Data Error: Error in Row: %1, Column: %2; 1/2, Please correct").arg(cup).arg(pt));
     EXPECT_EQ(Stored("cup", "pt"), "0.5");
     EXPECT_EQ(FilledInStore(), filled);
     // The cell is shown and chosen, ready for the correction.
@@ -173,8 +164,7 @@ TEST_F(ConversionsTest, ABadCellIsNamedAndTheStoredChartStaysWhole) {
     Type(chart, cup, pt, "0.5");
     chart.mnuSaveGrid->trigger();
     EXPECT_EQ(ui.count(), 1);
-    EXPECT_EQ(Stored("cup", "pt"), "0.5");
-    EXPECT_EQ(Stored("pt", "cup"), "2");
+    EXPECT_EQ(Stored("cup", "pt") + " " + Stored("pt", "cup"), "0.5 2");
 }
 
 TEST_F(ConversionsTest, HidingTakesTheCurrentRowAndColumnAndShowAllBringsThemBack) {
@@ -197,21 +187,14 @@ TEST_F(ConversionsTest, TheEditMenuOnlyAnswersThatItIsNotThere) {
     for (QAction* a : {chart.mnuEditCut, chart.mnuEditCopy, chart.mnuEditPaste, chart.mnuEditDelete}) {
         ui.answer(Answer::OK);
         a->trigger();
-        EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
-        EXPECT_EQ(ui.lastBox().title, "Coming Soon");
+        EXPECT_EQ(LastBox(), "Coming Soon: This feature will be added soon!");
     }
     EXPECT_EQ(ui.count(), 4);
     EXPECT_FALSE(chart.Changed());
 }
 
 TEST_F(ConversionsTest, AnEmptyChartStartsEmptyAndGrowsFromNothing) {
-    Recordset rs;
-    rs.Open("SELECT * FROM Conversion", ConnectionMain(), adOpenKeyset, adLockOptimistic);
-    while (!rs.IsEOF()) {
-        rs.Delete();
-        rs.MoveNext();
-    }
-    rs.Close();
+    ConnectionMain().ExecScript("DELETE FROM Conversion;");
     frmConversions chart;
     EXPECT_EQ(chart.Measures(), 0);
     EXPECT_EQ(chart.StatusPanel(2), "Total Cells: 0; Filled Cells: 0");
@@ -222,5 +205,3 @@ TEST_F(ConversionsTest, AnEmptyChartStartsEmptyAndGrowsFromNothing) {
     EXPECT_EQ(chart.StatusPanel(2), "Total Cells: 1; Filled Cells: 1");
     EXPECT_EQ(chart.StatusPanel(1), "1 jug = 1 jug");
 }
-
-}  // namespace

@@ -1,19 +1,16 @@
 #include "measures/clsAbbreviations.h"
-#include "recipes/RecipeTestRows.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class AbbreviationsTest : public LarderTest {
 protected:
-    QStringList DescriptionsOf(const QString& abbreviation) {
-        return Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = '" +
-                          QString(abbreviation).replace("'", "''") + "'",
-                      "Description");
+    static QStringList DescriptionsOf(const QString& abbreviation) {
+        return rows::Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = " + rows::Literal(abbreviation),
+                            "Description");
     }
 };
 
-TEST_F(AbbreviationsTest, AddNewStoresTheUnitWithItsGivenName) {
+TEST_F(AbbreviationsTest, AddNewStoresTheUnitWithItsGivenNameOrAsksForOne) {
     clsAbbreviations units;
     EXPECT_FALSE(units.Exists("tin"));
     units.Abbreviation("tin");
@@ -23,19 +20,16 @@ TEST_F(AbbreviationsTest, AddNewStoresTheUnitWithItsGivenName) {
     EXPECT_TRUE(units.Exists("TIN"));
     EXPECT_EQ(DescriptionsOf("tin"), QStringList({"Tin"}));
     EXPECT_EQ(ui.count(), 0);
-}
 
-TEST_F(AbbreviationsTest, AddNewAsksForAMissingName) {
     ui.answerInput("Baker's Spoon");
-    clsAbbreviations units;
-    units.Abbreviation("b's");
-    EXPECT_TRUE(units.AddNew());
+    clsAbbreviations asking;
+    asking.Abbreviation("b's");
+    EXPECT_TRUE(asking.AddNew());
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().kind, "InputBox");
-    EXPECT_EQ(ui.lastBox().prompt, "What Decription would you like to use for b's?");
-    EXPECT_EQ(ui.lastBox().title, "Add Description");
+    EXPECT_EQ(LastBox(), "Add Description: What Decription would you like to use for b's?");
     EXPECT_EQ(DescriptionsOf("b's"), QStringList({"Baker's Spoon"}));
-    EXPECT_EQ(units.Description(), "Baker's Spoon");  // no recordset open: the member
+    EXPECT_EQ(asking.Description(), "Baker's Spoon");  // no recordset open: the member
 }
 
 TEST_F(AbbreviationsTest, ReadsFollowTheOpenRowWritesOnlyTheMember) {
@@ -48,8 +42,8 @@ TEST_F(AbbreviationsTest, ReadsFollowTheOpenRowWritesOnlyTheMember) {
     EXPECT_EQ(units.Abbreviation(), "tin");
 }
 
-TEST_F(AbbreviationsTest, RemoveDeletesEveryRowOfTheUnitAndNothingElse) {
-    const int before = CountRows("SELECT * FROM Abbreviation");
+TEST_F(AbbreviationsTest, RemoveDeletesEveryRowOfTheUnitAndATooLongOneIsNeverStored) {
+    const int before = rows::Count("SELECT * FROM Abbreviation");
     clsAbbreviations units;
     for (const char* name : {"Baker's pinch", "Chef's pinch"}) {
         units.Abbreviation("b'p");
@@ -60,15 +54,11 @@ TEST_F(AbbreviationsTest, RemoveDeletesEveryRowOfTheUnitAndNothingElse) {
     EXPECT_FALSE(units.Exists("b'p"));
     units.Remove("no such unit");
     units.Remove("");
-    EXPECT_EQ(CountRows("SELECT * FROM Abbreviation"), before);
+    EXPECT_EQ(rows::Count("SELECT * FROM Abbreviation"), before);
     EXPECT_TRUE(units.Exists("pinch"));
     EXPECT_EQ(ui.count(), 0);
-}
 
-TEST_F(AbbreviationsTest, AUnitTooLongForItsColumnIsReportedAndNotStored) {
-    const int before = CountRows("SELECT * FROM Abbreviation");
     ui.answer(Answer::OK);
-    clsAbbreviations units;
     units.Abbreviation(QString(300, 'a'));
     units.Description("Long");
     EXPECT_FALSE(units.AddNew());
@@ -76,7 +66,5 @@ TEST_F(AbbreviationsTest, AUnitTooLongForItsColumnIsReportedAndNotStored) {
     EXPECT_EQ(ui.lastBox().prompt,
               "Error: The field is too small to accept the amount of data you attempted to add. "
               "(Occurred in Abbreviations.AddNew)");
-    EXPECT_EQ(CountRows("SELECT * FROM Abbreviation"), before);
+    EXPECT_EQ(rows::Count("SELECT * FROM Abbreviation"), before);
 }
-
-}  // namespace

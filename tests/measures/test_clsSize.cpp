@@ -1,19 +1,16 @@
 #include "measures/clsSize.h"
-#include "recipes/RecipeTestRows.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class SizeTest : public LarderTest {
 protected:
     // The short form stored for a measure, "<null>" when it has none.
-    QStringList AbbreviationOf(const QString& name) {
-        return Column("SELECT * FROM ItemSize WHERE [Name] = '" + QString(name).replace("'", "''") + "'",
-                      "Abbreviation");
+    static QStringList AbbreviationOf(const QString& name) {
+        return rows::Column("SELECT * FROM ItemSize WHERE [Name] = " + rows::Literal(name), "Abbreviation");
     }
-    void ExpectDuplicateQuestion(int index) {
-        ASSERT_GT(ui.count(), index);
-        const auto& box = ui.boxes().at(index);
+    void ExpectDuplicateQuestion() {
+        ASSERT_GT(ui.count(), 0);
+        const auto& box = ui.boxes().at(0);
         EXPECT_EQ(box.kind, "MsgBox");
         EXPECT_EQ(box.prompt, "The Abbreviation has already been used, would you like to select another?");
         EXPECT_EQ(box.title, "Duplicate Abbreviation");
@@ -23,19 +20,13 @@ protected:
 
 TEST_F(SizeTest, LookupsMatchWholeTextsWithoutCaseAndSurviveApostrophes) {
     clsSize sizes;
-    EXPECT_TRUE(sizes.Exists("cup"));
-    EXPECT_TRUE(sizes.Exists("CUP"));
-    EXPECT_FALSE(sizes.Exists("cu"));
-    EXPECT_FALSE(sizes.Exists(""));
-    EXPECT_FALSE(sizes.Exists("baker's dozen"));
-    EXPECT_TRUE(sizes.AbbreviationExists("tbsp"));
-    EXPECT_FALSE(sizes.AbbreviationExists("tb'sp"));
-    EXPECT_FALSE(sizes.AbbreviationExists(""));  // no measure is stored without one
-    EXPECT_EQ(ui.count(), 0);
-}
+    QList<bool> found;
+    for (const char* name : {"cup", "CUP", "cu", "", "baker's dozen"}) found << sizes.Exists(name);
+    // No measure is stored without a short form.
+    for (const char* abbreviation : {"tbsp", "tb'sp", ""}) found << sizes.AbbreviationExists(abbreviation);
+    EXPECT_EQ(found, QList<bool>({true, true, false, false, false, true, false, false}));
 
-TEST_F(SizeTest, AFreeShortFormIsStoredWithoutAQuestion) {
-    clsSize sizes;
+    // A free short form is stored without a question.
     sizes.WriteNew("baker's dozen", "bdz");
     EXPECT_EQ(AbbreviationOf("baker's dozen"), QStringList({"bdz"}));
     EXPECT_TRUE(sizes.Exists("baker's dozen"));
@@ -46,7 +37,7 @@ TEST_F(SizeTest, AFreeShortFormIsStoredWithoutAQuestion) {
 TEST_F(SizeTest, ATakenShortFormIsKeptWhenThePersonSaysNo) {
     ui.answer(Answer::No);
     clsSize().WriteNew("teacup", "cup");
-    ExpectDuplicateQuestion(0);
+    ExpectDuplicateQuestion();
     EXPECT_EQ(ui.count(), 1);
     EXPECT_EQ(AbbreviationOf("teacup"), QStringList({"cup"}));
 }
@@ -56,7 +47,7 @@ TEST_F(SizeTest, ATakenShortFormIsAskedForAgainUntilOneIsFree) {
     ui.answerInput("tsp");  // taken as well
     ui.answerInput("tcp");
     clsSize().WriteNew("teacup", "cup");
-    ExpectDuplicateQuestion(0);
+    ExpectDuplicateQuestion();
     const QString ask = "Please enter the Abbreviation for teacup that you would like to use";
     EXPECT_EQ(ui.prompts("InputBox"), QStringList({ask, ask}));
     EXPECT_EQ(ui.prompts("MsgBox").size(), 1);  // the question itself is asked once
@@ -79,13 +70,11 @@ TEST_F(SizeTest, AnEmptyAnswerLeavesTheMeasureWithoutAShortForm) {
 }
 
 TEST_F(SizeTest, ATooLongNameIsReportedAndLeavesNoRow) {
-    const int before = CountRows("SELECT * FROM ItemSize");
+    const int before = rows::Count("SELECT * FROM ItemSize");
     ui.answer(Answer::OK);
     clsSize().WriteNew(QString(300, 'x'), "xx");
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().title, "Error");
     EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurred in Size.WriteNew)")) << ui.lastBox().prompt.toStdString();
-    EXPECT_EQ(CountRows("SELECT * FROM ItemSize"), before);
+    EXPECT_EQ(rows::Count("SELECT * FROM ItemSize"), before);
 }
-
-}  // namespace

@@ -1,6 +1,7 @@
 #include "measures/clsAbbreviations.h"
 #include "measures/frmMeasureAbbreviations.h"
-#include "recipes/RecipeTestRows.h"
+#include "recipes/PackedIngredient.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
@@ -8,14 +9,12 @@
 #include <QCoreApplication>
 #include <QTableWidget>
 
-namespace {
-
 class MeasureAbbreviationsTest : public LarderTest {
 protected:
     void AddRecipeWith(const QString& title, const QMap<int, QString>& packed) {
-        RecipeRow r = Recipe(title);
-        r.packed = packed;
-        AddRecipe(r);
+        QVariantMap cells;
+        for (auto it = packed.begin(); it != packed.end(); ++it) cells.insert(PackedIngredient::ColumnName(it.key()), it.value());
+        rows::Recipe(title, "General", "General", cells);
     }
     int RowOf(frmMeasureAbbreviations& form, const QString& abbreviation) {
         for (int r = 0; r < form.flxAbbreviation->rowCount(); ++r)
@@ -32,9 +31,10 @@ protected:
 
 TEST_F(MeasureAbbreviationsTest, TheGridListsEveryStoredUnitWithItsName) {
     frmMeasureAbbreviations form;
-    EXPECT_EQ(form.flxAbbreviation->horizontalHeaderItem(0)->text(), "Abbr.");
-    EXPECT_EQ(form.flxAbbreviation->horizontalHeaderItem(1)->text(), "Measure Name");
-    EXPECT_EQ(form.flxAbbreviation->rowCount(), CountRows("SELECT * FROM Abbreviation"));
+    EXPECT_EQ(form.flxAbbreviation->horizontalHeaderItem(0)->text() + "|" +
+                  form.flxAbbreviation->horizontalHeaderItem(1)->text(),
+              "Abbr.|Measure Name");
+    EXPECT_EQ(form.flxAbbreviation->rowCount(), rows::Count("SELECT * FROM Abbreviation"));
     EXPECT_TRUE(form.Lines().contains("tbsp|Tablespoon"));
     EXPECT_FALSE(form.Changed());
     EXPECT_TRUE(CloseBox(form));  // nothing changed, nothing asked
@@ -68,8 +68,7 @@ TEST_F(MeasureAbbreviationsTest, ClosingWithChangesAsksFirst) {
     ui.answer(Answer::No);
     EXPECT_FALSE(CloseBox(form));
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, "The current list of Abbreviations has changed. Do you wish to close this form?");
-    EXPECT_EQ(ui.lastBox().title, "Cancel?");
+    EXPECT_EQ(LastBox(), "Cancel?: The current list of Abbreviations has changed. Do you wish to close this form?");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
     ui.answer(Answer::Yes);
     form.mnuClose->trigger();
@@ -89,16 +88,15 @@ TEST_F(MeasureAbbreviationsTest, SavingStoresNewUnitsAndChangedNames) {
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().prompt, "What Decription would you like to use for baker's spoon?");
     EXPECT_FALSE(form.Changed());
-    EXPECT_EQ(Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = 'tin'", "Description"), QStringList({"Tin"}));
-    EXPECT_EQ(Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = 'baker''s spoon'", "Description"),
-              QStringList({"Baker's Spoon"}));
-    EXPECT_EQ(Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = 'cup'", "Description"),
-              QStringList({"Cupful"}));
+    QStringList names;
+    for (const char* unit : {"tin", "baker's spoon", "cup"})
+        names += rows::Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = " + rows::Literal(unit), "Description");
+    EXPECT_EQ(names, QStringList({"Tin", "Baker's Spoon", "Cupful"}));
     EXPECT_TRUE(form.Lines().contains("baker's spoon|Baker's Spoon"));
 
     // Saving again writes nothing twice.
     form.mnuSaveAbbreviations->trigger();
-    EXPECT_EQ(CountRows("SELECT * FROM Abbreviation WHERE [Abbreviation] = 'tin'"), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM Abbreviation WHERE [Abbreviation] = 'tin'"), 1);
     EXPECT_TRUE(CloseBox(form));
     EXPECT_EQ(ui.count(), 1);
 }
@@ -121,5 +119,3 @@ TEST_F(MeasureAbbreviationsTest, DeleteRemovesTheUnitFromTableAndGrid) {
     EXPECT_EQ(form.flxAbbreviation->rowCount(), rows - 1);
     EXPECT_EQ(ui.count(), 0);
 }
-
-}  // namespace

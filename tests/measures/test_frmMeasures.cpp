@@ -2,13 +2,11 @@
 #include "core/clsRegistry.h"
 #include "measures/frmConversionsUtility.h"
 #include "measures/frmMeasures.h"
-#include "recipes/RecipeTestRows.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
 #include <QTreeWidget>
-
-namespace {
 
 using MeasuresTest = LarderTest;
 
@@ -16,15 +14,13 @@ bool OnTop(const QWidget& w) { return w.windowFlags() & Qt::WindowStaysOnTopHint
 
 TEST_F(MeasuresTest, BothListsShowTheirTables) {
     frmMeasures measures;
-    EXPECT_EQ(measures.lvList->headerItem()->text(0), "Ab.");
-    EXPECT_EQ(measures.lvList->headerItem()->text(1), "Desc.");
-    EXPECT_EQ(measures.Lines().size(), CountRows("SELECT * FROM Abbreviation"));
+    EXPECT_EQ(measures.lvList->headerItem()->text(0) + "|" + measures.lvList->headerItem()->text(1), "Ab.|Desc.");
+    EXPECT_EQ(measures.Lines().size(), rows::Count("SELECT * FROM Abbreviation"));
     EXPECT_TRUE(measures.Lines().contains("tbsp|Tablespoon"));
 
     frmConversionsUtility sizes;
-    EXPECT_EQ(sizes.lvList->headerItem()->text(0), "Name");
-    EXPECT_EQ(sizes.lvList->headerItem()->text(1), "Abbreviation");
-    EXPECT_EQ(sizes.Lines().size(), CountRows("SELECT * FROM ItemSize"));
+    EXPECT_EQ(sizes.lvList->headerItem()->text(0) + "|" + sizes.lvList->headerItem()->text(1), "Name|Abbreviation");
+    EXPECT_EQ(sizes.Lines().size(), rows::Count("SELECT * FROM ItemSize"));
     EXPECT_TRUE(sizes.Lines().contains("fl oz|fl oz"));
     EXPECT_EQ(ui.count(), 0);
 }
@@ -58,5 +54,3 @@ TEST_F(MeasuresTest, TheSizesListDocksWithoutTouchingTheMeasuresSetting) {
     EXPECT_EQ(sizes.tbDock->text(), "Click to Release");
     EXPECT_FALSE(Registry().DockMeasurements());
 }
-
-}  // namespace

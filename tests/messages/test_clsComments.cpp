@@ -8,9 +8,7 @@
 #include <QPushButton>
 #include <QTextEdit>
 
-namespace {
-
-class CommentsTest : public LarderTest {};
+using CommentsTest = LarderTest;
 
 TEST_F(CommentsTest, ACommentIsStoredAgainstItsRowKey) {
     clsComments comments;
@@ -41,7 +39,6 @@ TEST_F(CommentsTest, TheEditorGivesBackTheEditedTextOnlyWhenAccepted) {
         return form->result();
     });
     EXPECT_EQ(f.GetComments("first draft"), "second draft");
-
     ui.answerModal([](QDialog* d) {
         auto* form = static_cast<frmComment*>(d);
         form->txtComments->setPlainText("thrown away");
@@ -61,16 +58,12 @@ TEST_F(CommentsTest, OpenLoadsATextFileAndSaysSoWhenItCannot) {
     ui.answerFile(HomeFile("notes.txt"));
     f.tbEditor_ButtonClick("Open");
     EXPECT_EQ(f.txtComments->toPlainText(), "Use less salt\nServe warm");
-
     ui.answerFile(HomeFile("gone.txt"));
     ui.answer(Answer::OK);
     f.tbEditor_ButtonClick("Open");
     EXPECT_EQ(ui.lastBox().prompt, "Error: File not found (Occurred in frmComment.GetComment)");
     EXPECT_EQ(f.txtComments->toPlainText(), "Use less salt\nServe warm");
-
     ui.answerFile(QString());  // cancelled
     f.tbEditor_ButtonClick("Open");
     EXPECT_EQ(f.txtComments->toPlainText(), "Use less salt\nServe warm");
 }
-
-}  // namespace

@@ -1,9 +1,9 @@
-#include "MessageRows.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
 #include "app/frmMain.h"
 #include "messages/EditorToolbar.h"
 #include "messages/frmMessageNew.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
@@ -13,14 +13,11 @@
 #include <QStandardItem>
 #include <QTextEdit>
 
-namespace {
-
 class MessageNewTest : public LarderTest {
 protected:
     void SetUp() override {
         LarderTest::SetUp();
-        MainPanes::Instance().ClearAll();
-        MessageRows::Add("Seed", "keeps the table from being empty", "None", 2, 4);
+        rows::Message("Seed", "keeps the table from being empty", "None", 2, 4);
     }
 };
 
@@ -45,13 +42,12 @@ TEST_F(MessageNewTest, ASubjectIsRequiredWithHelpOnTheBox) {
         ui.answer(Answer::OK);
         f.cmdAddMessage_Click();
         const auto& box = ui.lastBox();
-        EXPECT_EQ(box.prompt, "This Message must have a Subject.");
-        EXPECT_EQ(box.title, "Missing Message");
+        EXPECT_EQ(LastBox(), "Missing Message: This Message must have a Subject.");
         EXPECT_EQ(box.buttons & Box::HelpButton, Box::HelpButton);
         EXPECT_EQ(box.context, 1040);
         EXPECT_EQ(box.helpFile, Registry().HelpFile());
     }
-    EXPECT_EQ(MessageRows::Count(), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM Messages"), 1);
 }
 
 TEST_F(MessageNewTest, AddingWritesAFreshReminderShowsItAndClearsTheBoxesForTheNext) {
@@ -67,15 +63,14 @@ TEST_F(MessageNewTest, AddingWritesAFreshReminderShowsItAndClearsTheBoxesForTheN
     EXPECT_FALSE(f.MonthView1->isVisibleTo(&f));
     f.cmdAddMessage_Click();
 
-    EXPECT_EQ(MessageRows::Field("Pick up the turkey", "Body").toString(), "From Hanson's \"farm\" stand\nbefore noon");
-    EXPECT_EQ(MessageRows::Field("Pick up the turkey", "Date").toString(), "2026-11-25");
-    EXPECT_EQ(MessageRows::Field("Pick up the turkey", "Type").toInt(), 1);
-    EXPECT_EQ(MessageRows::Field("Pick up the turkey", "ReminderTime").toInt(), 4);
+    QStringList row;
+    for (const char* column : {"Body", "Date", "Type", "ReminderTime"})
+        row << rows::Field("Messages", "Title", "Pick up the turkey", column).toString();
+    EXPECT_EQ(row, QStringList({"From Hanson's \"farm\" stand\nbefore noon", "2026-11-25", "1", "4"}));
     auto& pane = MainPanes::Instance().messages;
     ASSERT_EQ(pane.rowCount(), 1);
-    EXPECT_EQ(pane.item(0, 0)->text(), "Pick up the turkey");
-    EXPECT_EQ(pane.item(0, 1)->text(), "11/25/2026");
-    EXPECT_EQ(pane.item(0, 2)->text(), "From Hanson's \"farm\" stand;before noon");
+    EXPECT_EQ(QStringList({pane.item(0, 0)->text(), pane.item(0, 1)->text(), pane.item(0, 2)->text()}),
+              QStringList({"Pick up the turkey", "11/25/2026", "From Hanson's \"farm\" stand;before noon"}));
     EXPECT_TRUE(f.txtSubject->text().isEmpty());
     EXPECT_TRUE(f.txtMessage->toPlainText().isEmpty());
     EXPECT_EQ(ui.count(), 0);
@@ -86,9 +81,9 @@ TEST_F(MessageNewTest, LongSubjectsKeepFiftyAndTextAroundThePlaceholderBecomesIt
     f.txtSubject->setText(QString(60, 'x'));
     f.txtMessage->setPlainText("typed in front (None)");
     f.cmdAddMessage_Click();
-    EXPECT_EQ(MessageRows::Field(QString(50, 'x'), "Body").toString(), "(None)");
-    EXPECT_EQ(MessageRows::Field(QString(50, 'x'), "Date").toString(), "None");
-    EXPECT_EQ(MessageRows::Count(), 2);
+    EXPECT_EQ(rows::Field("Messages", "Title", QString(50, 'x'), "Body").toString(), "(None)");
+    EXPECT_EQ(rows::Field("Messages", "Title", QString(50, 'x'), "Date").toString(), "None");
+    EXPECT_EQ(rows::Count("SELECT * FROM Messages"), 2);
     EXPECT_EQ(ui.count(), 0);
 }
 
@@ -105,8 +100,7 @@ TEST_F(MessageNewTest, ClosingWithUnsavedTextAsksFirst) {
     f.txtMessage->setPlainText("half a thought");
     ui.answer(Answer::No);
     f.cmdClose_Click();
-    EXPECT_EQ(ui.lastBox().prompt, "This message has not been saved, Exit anyway?");
-    EXPECT_EQ(ui.lastBox().title, "Exit");
+    EXPECT_EQ(LastBox(), "Exit: This message has not been saved, Exit anyway?");
     EXPECT_TRUE(f.isVisible());
     ui.answer(Answer::Yes);
     f.tbEditor_ButtonClick("Close");
@@ -118,14 +112,12 @@ TEST_F(MessageNewTest, EmailExportIsOfferedButNotThereYet) {
     frmMessageNew f;
     ui.answer(Answer::No);
     f.tbEditor_ButtonClick("Email");
-    EXPECT_EQ(ui.lastBox().prompt, "This will save this Message as a file that can be emailed and imported\r\n"
-                                   "into Microsoft Outlook's Calendar. Do you want to continue?");
-    EXPECT_EQ(ui.lastBox().title, "Export Message");
+    EXPECT_EQ(LastBox(), "Export Message: This will save this Message as a file that can be emailed and imported\r\n"
+                         "into Microsoft Outlook's Calendar. Do you want to continue?");
     ui.answer(Answer::Yes);
     ui.answer(Answer::OK);
     f.tbEditor_ButtonClick("Email");
-    EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon!");
-    EXPECT_EQ(ui.lastBox().title, "Coming Soon");
+    EXPECT_EQ(LastBox(), "Coming Soon: This feature will be added soon!");
     EXPECT_EQ(ui.count(), 3);
 }
 
@@ -145,5 +137,3 @@ TEST_F(MessageNewTest, SpellRunsTheInstalledCheckerAndSaysItIsDone) {
     frmMessageNew without;
     EXPECT_FALSE(without.tbEditor->Button("Spell")->isEnabled());
 }
-
-}  // namespace

@@ -1,65 +1,45 @@
 #include "platform/Currency.h"
-#include "platform/RuntimeError.h"
+#include "support/TestEnv.h"
 
 #include <QVariant>
-#include <gtest/gtest.h>
-
-namespace {
-
-QString DescriptionOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.description();
-    }
-    return QStringLiteral("(no error)");
-}
 
 TEST(Currency, PrintsTheShortestDecimalWithALeadingZero) {
-    EXPECT_EQ(Currency::fromRaw(5000).toString(), "0.5");
-    EXPECT_EQ(Currency(2).toString(), "2");
-    EXPECT_EQ(Currency::fromRaw(-2500).toString(), "-0.25");
-    EXPECT_EQ(Currency::fromRaw(12345678).toString(), "1234.5678");
-    EXPECT_EQ(Currency::fromRaw(1).toString(), "0.0001");
-    EXPECT_EQ(Currency().toString(), "0");
-    EXPECT_EQ(Currency::min().toString(), "-922337203685477.5808");
-    EXPECT_EQ(Currency::max().toString(), "922337203685477.5807");
+    const std::pair<Currency, const char*> cases[] = {
+        {Currency::fromRaw(5000), "0.5"},       {Currency(2), "2"},          {Currency::fromRaw(-2500), "-0.25"},
+        {Currency::fromRaw(12345678), "1234.5678"}, {Currency::fromRaw(1), "0.0001"}, {Currency(), "0"},
+        {Currency::min(), "-922337203685477.5808"}, {Currency::max(), "922337203685477.5807"}};
+    for (const auto& [money, text] : cases) EXPECT_EQ(money.toString(), text);
 }
 
-TEST(Currency, DoublesRoundHalfToEvenAtFourPlaces) {
-    EXPECT_EQ(Currency::fromDouble(0.1 + 0.2).raw(), 3000);
-    EXPECT_EQ(Currency::fromDouble(0.00005).raw(), 0);   // tie goes to the even 0
-    EXPECT_EQ(Currency::fromDouble(0.00015).raw(), 2);   // tie goes to the even 2
-    EXPECT_EQ(Currency::fromDouble(-0.00015).raw(), -2);
+TEST(Currency, DoublesAndTextsRoundHalfToEvenAtFourPlaces) {
+    // Ties go to the even neighbour: 0 for 0.00005, 2 for 0.00015.
+    EXPECT_EQ(QList<qint64>({Currency::fromDouble(0.1 + 0.2).raw(), Currency::fromDouble(0.00005).raw(),
+                             Currency::fromDouble(0.00015).raw(), Currency::fromDouble(-0.00015).raw()}),
+              QList<qint64>({3000, 0, 2, -2}));
     EXPECT_EQ(Currency::fromDouble(2.49985).toString(), "2.4998");
     EXPECT_EQ(Currency::fromDouble(1.23456).toString(), "1.2346");
+    // Beyond four places the text itself is rounded, exactly.
+    EXPECT_EQ(QList<qint64>({Currency::parse("0.00005")->raw(), Currency::parse("0.000051")->raw(),
+                             Currency::parse("0.00015")->raw()}),
+              QList<qint64>({0, 1, 2}));
 }
 
 TEST(Currency, ParsesMoneyTextAndRejectsTheRest) {
-    EXPECT_EQ(Currency::parse("1.5")->toString(), "1.5");
-    EXPECT_EQ(Currency::parse("-2")->toString(), "-2");
-    EXPECT_EQ(Currency::parse("$3.25")->toString(), "3.25");
-    EXPECT_EQ(Currency::parse("-$3.25")->toString(), "-3.25");
-    EXPECT_EQ(Currency::parse(" 4 ")->toString(), "4");
-    EXPECT_EQ(Currency::parse("1,234.50")->toString(), "1234.5");
-    EXPECT_EQ(Currency::parse(".75")->toString(), "0.75");
-    // Beyond four places the text itself is rounded, exactly, half to even.
-    EXPECT_EQ(Currency::parse("0.00005")->raw(), 0);
-    EXPECT_EQ(Currency::parse("0.000051")->raw(), 1);
-    EXPECT_EQ(Currency::parse("0.00015")->raw(), 2);
+    const std::pair<const char*, const char*> cases[] = {{"1.5", "1.5"},     {"-2", "-2"},   {"$3.25", "3.25"},
+                                                         {"-$3.25", "-3.25"}, {" 4 ", "4"},   {"1,234.50", "1234.5"},
+                                                         {".75", "0.75"}};
+    for (const auto& [text, money] : cases) EXPECT_EQ(Currency::parse(text)->toString(), money) << text;
     for (const char* bad : {"", "$", "1.2.3", "abc", "-", ".", "1e5", "12abc", "--1", ",5"})
         EXPECT_FALSE(Currency::parse(bad).has_value()) << bad;
 }
 
 TEST(Currency, ArithmeticRoundsHalfToEvenAndStaysExact) {
-    const Currency third = Currency(1) / Currency(3);
-    EXPECT_EQ(third.toString(), "0.3333");
+    EXPECT_EQ((Currency(1) / Currency(3)).toString(), "0.3333");
     EXPECT_EQ((Currency::fromRaw(5) * Currency::fromRaw(5000)).raw(), 2);   // 0.00025 -> 0.0002
     EXPECT_EQ((Currency::fromRaw(15) * Currency::fromRaw(5000)).raw(), 8);  // 0.00075 -> 0.0008
     EXPECT_EQ((Currency::fromRaw(-15) * Currency::fromRaw(5000)).raw(), -8);
     EXPECT_EQ((Currency(-2) / Currency(3)).toString(), "-0.6667");
     EXPECT_EQ((Currency(1) / Currency(-8)).toString(), "-0.125");
-
     Currency sum;
     for (int i = 0; i < 10; ++i) sum += Currency::fromDouble(0.1);
     EXPECT_EQ(sum, Currency(1));
@@ -68,13 +48,13 @@ TEST(Currency, ArithmeticRoundsHalfToEvenAndStaysExact) {
 }
 
 TEST(Currency, LeavingTheRangeIsAnOverflowAndZeroDivisorIsReported) {
-    EXPECT_EQ(DescriptionOf([] { (void)(Currency::max() + Currency::fromRaw(1)); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)(Currency::min() - Currency::fromRaw(1)); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)-Currency::min(); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)(Currency(1000000000) * Currency(1000000000)); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)Currency::fromDouble(1e15); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)Currency::parse("922337203685477.5808"); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { (void)(Currency(1) / Currency()); }), "Division by zero");
+    EXPECT_EQ(ErrorOf([] { (void)(Currency::max() + Currency::fromRaw(1)); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)(Currency::min() - Currency::fromRaw(1)); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)-Currency::min(); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)(Currency(1000000000) * Currency(1000000000)); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)Currency::fromDouble(1e15); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)Currency::parse("922337203685477.5808"); }), "Overflow");
+    EXPECT_EQ(ErrorOf([] { (void)(Currency(1) / Currency()); }), "Division by zero");
     // The edges themselves are still money.
     EXPECT_EQ(Currency::parse("922337203685477.5807")->raw(), Currency::max().raw());
     EXPECT_EQ(Currency::parse("-922337203685477.5808")->raw(), Currency::min().raw());
@@ -87,5 +67,3 @@ TEST(Currency, TravelsInAVariantAndComparesThere) {
     EXPECT_EQ(a, QVariant::fromValue(Currency::parse("2.5").value()));
     EXPECT_NE(a, QVariant::fromValue(Currency(2)));
 }
-
-}  // namespace

@@ -3,33 +3,23 @@
 #include "platform/Database.h"
 #include "platform/FirstStart.h"
 #include "platform/Recordset.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QDir>
 #include <QFile>
 #include <unistd.h>
 
-namespace {
-
 class TemplateTest : public LarderTest {
 protected:
-    QVariant First(const QString& sql, const QString& field) {
-        Recordset rs;
-        rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        return rs.IsEOF() ? QVariant() : rs.Field(field);
-    }
-    int Count(const QString& table) {
-        Recordset rs;
-        rs.Open("SELECT * FROM " + table, ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        return rs.RecordCount();
-    }
+    static int Count(const QString& table) { return rows::Count("SELECT * FROM " + table); }
 };
 
 TEST_F(TemplateTest, StartingDataIsComplete) {
     EXPECT_EQ(Count("Nutrition"), 7413);
-    EXPECT_EQ(First("SELECT * FROM Nutrition WHERE [Item] = 'Butter, salted'", "Calories").toDouble(), 717.0);
-    EXPECT_NEAR(First("SELECT * FROM Nutrition WHERE [Item] = 'Butter, salted'", "Fat Calories").toDouble(), 729.99, 0.01);
-    EXPECT_EQ(First("SELECT * FROM Cookbook WHERE [Name] = 'General'", "Specialty").toString(), "None");
+    EXPECT_EQ(rows::Field("Nutrition", "Item", "Butter, salted", "Calories").toDouble(), 717.0);
+    EXPECT_NEAR(rows::Field("Nutrition", "Item", "Butter, salted", "Fat Calories").toDouble(), 729.99, 0.01);
+    EXPECT_EQ(rows::Field("Cookbook", "Name", "General", "Specialty").toString(), "None");
     EXPECT_GE(Count("RecipieCategory"), 20);
     EXPECT_GE(Count("ItemCategory"), 25);
     // Every cell of the square chart is there, filled or not.
@@ -44,9 +34,8 @@ TEST_F(TemplateTest, ConversionChartAgreesBothWays) {
     // Volume and weight have no constant: an empty cell, not a zero.
     ui.answer(1);
     EXPECT_EQ(ConvertUnit("cup", "1", "g"), "");
-    EXPECT_EQ(ui.count(), 1);  // the empty constant is reported as an invalid use of Null
-    EXPECT_EQ(ui.lastBox().prompt, "Error: Invalid use of Null (Occurred in Convert.ConvertUnit)");
-    ui.clear();
+    // The empty constant is reported as an invalid use of Null.
+    EXPECT_EQ(ui.prompts(), QStringList({"Error: Invalid use of Null (Occurred in Convert.ConvertUnit)"}));
 }
 
 TEST(FirstStartTest, AnUnwritableFolderIsNamedInTheMessage) {
@@ -83,5 +72,3 @@ TEST(FirstStartTest, FirstStartMakesTheFolderOnceAndNeverRebuildsALostDatabase) 
     ASSERT_TRUE(FirstStart::Run(&error));
     EXPECT_FALSE(QFile::exists(home + "/Larderkeep.mdb"));  // a lost database is reported, not replaced
 }
-
-}  // namespace

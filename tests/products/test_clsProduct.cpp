@@ -10,8 +10,6 @@
 #include <QDir>
 #include <QFile>
 
-namespace {
-
 class ProductTest : public LarderTest {
 protected:
     qint32 Product(const QString& name, const QString& maker, const QString& size, const QVariant& bought = {}) {
@@ -50,16 +48,14 @@ TEST_F(ProductTest, WriteNewStoresTheRowRaisesItsEventAndPlacesItInInventoryOnRe
 TEST_F(ProductTest, AGivenSizeReplacesTheManufacturerInTheExistenceTest) {
     Product("Oats", "Quaker", "18 oz");
     clsProduct product;
-    EXPECT_TRUE(product.Exists("Oats", "Kellogg", "18 oz"));  // size given: maker not asked
-    EXPECT_FALSE(product.Exists("Oats", "Quaker", "42 oz"));
-    EXPECT_TRUE(product.Exists("Oats", "Quaker", ""));
-    EXPECT_FALSE(product.Exists("Oats", "Kellogg", ""));
-    EXPECT_TRUE(product.Exists("Oats", "", ""));
-    EXPECT_FALSE(product.Exists("O'Brien's \"Oats\"", "O'Brien", ""));
-
-    EXPECT_EQ(product.GetItemID("Oats", "Quaker", ""), 1);
-    EXPECT_EQ(product.GetItemID("Oats", "Quaker", "18 oz"), 1);
-    EXPECT_EQ(product.GetItemID("Oats", "Kellogg", ""), -1);
+    // A size given means the maker is not asked.
+    EXPECT_EQ(QList<bool>({product.Exists("Oats", "Kellogg", "18 oz"), product.Exists("Oats", "Quaker", "42 oz"),
+                           product.Exists("Oats", "Quaker", ""), product.Exists("Oats", "Kellogg", ""),
+                           product.Exists("Oats", "", ""), product.Exists("O'Brien's \"Oats\"", "O'Brien", "")}),
+              QList<bool>({true, false, true, false, true, false}));
+    EXPECT_EQ(QList<qint32>({product.GetItemID("Oats", "Quaker", ""), product.GetItemID("Oats", "Quaker", "18 oz"),
+                             product.GetItemID("Oats", "Kellogg", "")}),
+              QList<qint32>({1, 1, -1}));
     product.ChangeCost("Oats", "Quaker", "18 oz", Currency::fromDouble(3.49));
     EXPECT_EQ(product.CostInfo("Oats", "Quaker", "18 oz"), Currency::fromDouble(3.49));
     EXPECT_EQ(product.CostInfo("Oats", "Quaker", "1 oz"), Currency());
@@ -78,9 +74,8 @@ TEST_F(ProductTest, AddingToInventoryAsksAboutAnItemOnHandAndIgnoresSharedNames)
     ui.answer(Answer::No);
     product.AddToInventory("Butter");
     // From the purchase to ten days after today: the figure grows with age.
-    EXPECT_EQ(ui.lastBox().prompt, "That Item is already in Inventory but will be marked as empty in20 days.\r\n"
-                                   "Would you still like to add this Item to Inventory?");
-    EXPECT_EQ(ui.lastBox().title, "Add Item");
+    EXPECT_EQ(LastBox(), "Add Item: That Item is already in Inventory but will be marked as empty in20 days.\r\n"
+                         "Would you still like to add this Item to Inventory?");
     EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10), "11/12/2026");
     ui.answer(Answer::Yes);
     product.AddToInventory("Butter");
@@ -105,11 +100,9 @@ TEST_F(ProductTest, PossibleInventoryEndsOnTheLastDayOfThePeriod) {
         product.Size(size);
         return product.HasPossibleInventory();
     };
-    EXPECT_FALSE(possible("Eggs", "dozen"));
-    EXPECT_TRUE(possible("Milk", "1 gal"));
-    EXPECT_FALSE(possible("Tea", "box"));
-    EXPECT_FALSE(possible("Jam", "jar"));
-    EXPECT_FALSE(possible("Milk", "2 gal"));
+    EXPECT_EQ(QList<bool>({possible("Eggs", "dozen"), possible("Milk", "1 gal"), possible("Tea", "box"),
+                           possible("Jam", "jar"), possible("Milk", "2 gal")}),
+              QList<bool>({false, true, false, false, false}));
 }
 
 TEST_F(ProductTest, PricePointsCountOnlyHistoryWithAStoreAndACost) {
@@ -137,8 +130,7 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
 
     ui.answer(Answer::No);
     product.Delete("Cocoa");
-    EXPECT_EQ(ui.lastBox().prompt, "That Product has a Cost History, are you certain that you wish to delete it?");
-    EXPECT_EQ(ui.lastBox().title, "Delete Product");
+    EXPECT_EQ(LastBox(), "Delete Product: That Product has a Cost History, are you certain that you wish to delete it?");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 1);
 
@@ -155,8 +147,7 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
     ui.answer(Answer::No);
     product.Delete("Tea");
     EXPECT_EQ(ui.count(), 3);
-    EXPECT_EQ(ui.lastBox().prompt, "Tea is on the Week's Shopping List. Do you still wish to delete it?");
-    EXPECT_EQ(ui.lastBox().title, "Confirm Delete");
+    EXPECT_EQ(LastBox(), "Confirm Delete: Tea is on the Week's Shopping List. Do you still wish to delete it?");
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 1);
     ui.answer(Answer::Yes);
     product.Delete("Tea");
@@ -181,8 +172,7 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
 
     ui.answer(Answer::No);
     product.ExportList();
-    EXPECT_EQ(ui.lastBox().prompt, "There is a previous Product List file, Overwrite it?");
-    EXPECT_EQ(ui.lastBox().title, "Over-Write");
+    EXPECT_EQ(LastBox(), "Over-Write: There is a previous Product List file, Overwrite it?");
     EXPECT_TRUE(QFile::exists(clsProduct::ExportFile()));
 
     // A target that cannot be written is reported, not taken for done.
@@ -196,11 +186,9 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
 }
 
 TEST_F(ProductTest, CostTextsAcceptADollarSignAndRefuseTheRest) {
-    EXPECT_EQ(clsProduct::CostFromText("$1.25"), Currency::fromDouble(1.25));
-    EXPECT_EQ(clsProduct::CostFromText(" 3 "), Currency::fromDouble(3));
-    EXPECT_EQ(clsProduct::CostFromText(""), Currency());
-    EXPECT_EQ(clsProduct::CostFromText("-5"), Currency::fromDouble(-5));
-    EXPECT_EQ(clsProduct::CostFromText("$"), Currency());
+    const std::pair<const char*, Currency> costs[] = {
+        {"$1.25", Currency::fromDouble(1.25)}, {" 3 ", Currency(3)}, {"", Currency()}, {"-5", Currency(-5)}, {"$", Currency()}};
+    for (const auto& [text, cost] : costs) EXPECT_EQ(clsProduct::CostFromText(text), cost) << text;
     EXPECT_FALSE(clsProduct::CostFromText("1.2.3"));
     EXPECT_FALSE(clsProduct::CostFromText("abc"));
 }
@@ -235,5 +223,3 @@ TEST_F(ProductTest, PurgingHistoryKeepsTheKeptMonthsOnly) {
     history.DeleteID(id);
     EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory WHERE [ItemID] = 5"), 0);
 }
-
-}  // namespace

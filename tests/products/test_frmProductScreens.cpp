@@ -14,11 +14,9 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-namespace {
-
 class ProductScreensTest : public LarderTest {
 protected:
-    QStringList Lines(QTreeWidget* view) {
+    static QStringList Lines(QTreeWidget* view) {
         QStringList out;
         for (int i = 0; i < view->topLevelItemCount(); ++i) {
             QStringList cells;
@@ -32,9 +30,8 @@ protected:
 TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
     rows::Add("Store", {{"Name", "Aldi"}});
     frmProductNew form;
-    EXPECT_EQ(form.windowTitle(), "New Product Entry");
-    EXPECT_EQ(form.cboManufacturer->currentText(), "<Enter or Select>");
-    EXPECT_EQ(form.cboStore->currentText(), "<Enter or Select>");
+    EXPECT_EQ(QStringList({form.windowTitle(), form.cboManufacturer->currentText(), form.cboStore->currentText()}),
+              QStringList({"New Product Entry", "<Enter or Select>", "<Enter or Select>"}));
 
     // A store chosen wants a cost.
     form.cboStore->setCurrentText("Aldi");
@@ -43,12 +40,11 @@ TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
     EXPECT_EQ(ui.lastBox().prompt, "If a Store is selected, you must enter a cost for the item at that Store.");
     EXPECT_EQ(form.cboStore->currentText(), "<Enter or Select>");
 
-    for (const QString& bad : {"1.2.3", "abc"}) {
+    for (const char* bad : {"1.2.3", "abc"}) {
         form.txtCost->setText(bad);
         ui.answer(Answer::OK);
         EXPECT_FALSE(form.txtCost_Validate());
-        EXPECT_EQ(ui.lastBox().prompt, "The Cost value must be a numeric value, but the '$' sign is allowed.");
-        EXPECT_EQ(ui.lastBox().title, "Cost Error");
+        EXPECT_EQ(LastBox(), "Cost Error: The Cost value must be a numeric value, but the '$' sign is allowed.");
     }
     form.txtCost->setText("$1234.5");
     EXPECT_TRUE(form.txtCost_Validate());
@@ -60,11 +56,12 @@ TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
     form.cboStore->setCurrentText("Aldi");
     form.chkCreateInventory->setChecked(true);
     form.cmdAddProduct->click();
-    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Manufacturer"), QStringList({"O'Neil"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"1234.5"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Manufacturer") + rows::Column("SELECT * FROM Product", "Cost"),
+              QStringList({"O'Neil", "1234.5"}));
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [LastPurchasedDate] = #11/22/2026#"), 1);
-    EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemStore"), QStringList({"Aldi"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemListCost"), QStringList({"1234.5"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM SpendHistory", "ItemStore") +
+                  rows::Column("SELECT * FROM SpendHistory", "ItemListCost"),
+              QStringList({"Aldi", "1234.5"}));
     EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Cereal Bars'"), 1);
     EXPECT_EQ(rows::Column("SELECT * FROM Manufacturer", "Name"), QStringList({"O'Neil"}));
     EXPECT_GE(form.cboManufacturer->findText("O'Neil"), 0);
@@ -76,8 +73,9 @@ TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
     // No maker, no cost, no store: "Any" at 0, and no history.
     form.txtProduct->setText("Salt");
     form.cmdAddProduct->click();
-    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Manufacturer"), QStringList({"Any"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Cost"), QStringList({"0"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Manufacturer") +
+                  rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Cost"),
+              QStringList({"Any", "0"}));
     EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory"), 1);
 }
 
@@ -87,15 +85,13 @@ TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
     form.cboManufacturer->setCurrentText("Kroger");
     ui.answer(Answer::Yes);
     form.cboManufacturer_LostFocus();
-    EXPECT_EQ(ui.lastBox().prompt, "Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
-    EXPECT_EQ(ui.lastBox().title, "Set Store");
+    EXPECT_EQ(LastBox(), "Set Store: Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
     EXPECT_EQ(form.cboStore->currentText(), "Kroger");
 
     form.cboStore->setCurrentText("Joe's Market");
     ui.answer(Answer::Yes);
     form.cboStore_LostFocus();
-    EXPECT_EQ(ui.lastBox().prompt, "Would you like to add the Store Joe's Market to the database?");
-    EXPECT_EQ(ui.lastBox().title, "Add Store");
+    EXPECT_EQ(LastBox(), "Add Store: Would you like to add the Store Joe's Market to the database?");
     EXPECT_EQ(rows::Column("SELECT * FROM Store WHERE [Name] = 'Joe''s Market'", "isles"), QStringList({"1"}));
 }
 
@@ -155,8 +151,8 @@ TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     detail.txtSize->setText("big \"tin\"");
     detail.cboCategory->setCurrentText("Breakfast");
     EXPECT_TRUE(detail.cmdSave_Click());
-    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"-5"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Size"), QStringList({"big \"tin\""}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost") + rows::Column("SELECT * FROM Product", "Size"),
+              QStringList({"-5", "big \"tin\""}));
     EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory WHERE [Name] = 'Breakfast'"), 1);
     // An open listing hears of the save and shows the correction.
     EXPECT_EQ(Lines(listing.lvProducts), QStringList({"Oats|Quaker|big \"tin\"|Breakfast|No"}));
@@ -173,5 +169,3 @@ TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     EXPECT_FALSE(gone.Found());
     EXPECT_FALSE(gone.cmdSave->isEnabled());
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 #include <QDir>
 #include <QFile>
 
-namespace {
-
 class CalendarTest : public MailCaptureTest {
 protected:
     static QByteArray Read(const QString& path) {
@@ -41,8 +39,7 @@ TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) 
                                      "DCREATED:20260102T030405\r\n"
                                      "END: VEVENT\r\n"
                                      "END: VCALENDAR\r\n"));
-    EXPECT_EQ(ui.lastBox().prompt, "Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
-    EXPECT_EQ(ui.lastBox().title, "Send Calendar Event");
+    EXPECT_EQ(LastBox(), "Send Calendar Event: Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
     EXPECT_EQ(ui.lastBox().buttons & 7, Box::YesNo);
     EXPECT_TRUE(links.isEmpty());
 
@@ -61,8 +58,7 @@ TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
     ui.answerInput("sam@example.org");
     const QString path = event.WriteData("Pot luck");
     EXPECT_EQ(ui.lastBox().kind, "InputBox");
-    EXPECT_EQ(ui.lastBox().prompt, "What email address would you like to send it to?");
-    EXPECT_EQ(ui.lastBox().title, "Email Address");
+    EXPECT_EQ(LastBox(), "Email Address: What email address would you like to send it to?");
     ASSERT_EQ(links.size(), 1);
     EXPECT_EQ(links[0], "mailto:sam@example.org?Subject=Pot luck&Attach=\"" + QString(path).replace(" ", "%20") + "\"");
     EXPECT_TRUE(links[0].contains("Pot%20luck.vcs\""));
@@ -91,22 +87,22 @@ TEST_F(CalendarTest, NamesThatNoFileMayCarryAreMadeSafe) {
 }
 
 TEST_F(CalendarTest, DatesConvertBothWaysAndTheZoneLetterChangesNothing) {
-    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime(QDate(2002, 12, 31), QTime(23, 59, 59))), "20021231T235959");
-    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7))), "20260304T050607");
-    EXPECT_EQ(clsCalendar::ConvertTovCalDateTime(QDateTime()), "");
-
     const QDateTime lastSecond(QDate(2002, 12, 31), QTime(23, 59, 59));
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021231T235959"), lastSecond);
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("  20021231T235959  "), lastSecond);
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021231T235959Z"), lastSecond);
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20030101T080000Z"), QDateTime(QDate(2003, 1, 1), QTime(8, 0)));
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime(clsCalendar::ConvertTovCalDateTime(lastSecond)), lastSecond);
+    EXPECT_EQ(QStringList({clsCalendar::ConvertTovCalDateTime(lastSecond),
+                           clsCalendar::ConvertTovCalDateTime(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7))),
+                           clsCalendar::ConvertTovCalDateTime(QDateTime())}),
+              QStringList({"20021231T235959", "20260304T050607", ""}));
     // Places beyond their range roll on, as date arithmetic does.
-    EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime("20021232T240000"), QDateTime(QDate(2003, 1, 2), QTime(0, 0)));
+    const std::pair<const char*, QDateTime> stamps[] = {
+        {"20021231T235959", lastSecond},
+        {"  20021231T235959  ", lastSecond},
+        {"20021231T235959Z", lastSecond},
+        {"20030101T080000Z", QDateTime(QDate(2003, 1, 1), QTime(8, 0))},
+        {"20021232T240000", QDateTime(QDate(2003, 1, 2), QTime(0, 0))}};
+    for (const auto& [stamp, when] : stamps) EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime(stamp), when) << stamp;
     EXPECT_EQ(ui.count(), 0);
-}
 
-TEST_F(CalendarTest, TextsThatAreNotStampsGiveNoDateAndSaySo) {
+    // Texts that are not stamps give no date and say so.
     for (const QString& bad : {QString(), QString("tomorrow at six"), QString("2002-12-31 23:59"), QString("2002")}) {
         ui.answer(Answer::OK);
         EXPECT_FALSE(clsCalendar::ConvertFromvCalDateTime(bad).isValid()) << bad.toStdString();
@@ -114,5 +110,3 @@ TEST_F(CalendarTest, TextsThatAreNotStampsGiveNoDateAndSaySo) {
     }
     EXPECT_EQ(ui.count(), 4);
 }
-
-}  // namespace

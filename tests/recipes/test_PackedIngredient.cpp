@@ -1,68 +1,52 @@
-#include "platform/RuntimeError.h"
 #include "recipes/PackedIngredient.h"
+#include "support/TestEnv.h"
 
-#include <gtest/gtest.h>
+using P = PackedIngredient;
 
 TEST(PackedIngredient, WritingPadsTheQuantityJoinsTheFieldsAndCutsAtOneHundred) {
-    EXPECT_EQ(PackedIngredient::PadQuantity("1"), "      1");
-    EXPECT_EQ(PackedIngredient::PadQuantity("  1 1/2 "), "  1 1/2");
     // Nothing to pad, nothing cut.
-    EXPECT_EQ(PackedIngredient::PadQuantity("12345678"), "12345678");
-    EXPECT_EQ(PackedIngredient::Pack("      2", "cup", "flour", "sifted"), "      2%%cup%%flour%%sifted");
+    EXPECT_EQ(QStringList({P::PadQuantity("1"), P::PadQuantity("  1 1/2 "), P::PadQuantity("12345678")}),
+              QStringList({"      1", "  1 1/2", "12345678"}));
+    EXPECT_EQ(P::Pack("      2", "cup", "flour", "sifted"), "      2%%cup%%flour%%sifted");
 
-    const QString name(120, QLatin1Char('n'));
-    const QString packed = PackedIngredient::Pack("      1", "lb", name, "diced");
+    const QString packed = P::Pack("      1", "lb", QString(120, 'n'), "diced");
     ASSERT_EQ(packed.size(), 100);
     // The cut falls inside the name: the preparation is gone altogether.
-    const PackedIngredient p = PackedIngredient::Parse(packed);
-    EXPECT_EQ(p.quantity, "1");
-    EXPECT_EQ(p.unit, "lb");
-    EXPECT_EQ(p.name, QString(100 - 7 - 2 - 2 - 2, QLatin1Char('n')));
+    const P p = P::Parse(packed);
+    EXPECT_EQ(QStringList({p.quantity, p.unit, p.name}), QStringList({"1", "lb", QString(100 - 7 - 2 - 2 - 2, 'n')}));
     EXPECT_FALSE(p.hasPreparation);
 }
 
 TEST(PackedIngredient, ColumnsOfTheLastTwoSlotsAreSpeltInLowerCase) {
-    EXPECT_EQ(PackedIngredient::ColumnName(1), "Ingredient1");
-    EXPECT_EQ(PackedIngredient::ColumnName(18), "Ingredient18");
-    EXPECT_EQ(PackedIngredient::ColumnName(19), "ingredient19");
-    EXPECT_EQ(PackedIngredient::ColumnName(20), "ingredient20");
-    EXPECT_EQ(PackedIngredient::ColumnName(0), "");
-    EXPECT_EQ(PackedIngredient::ColumnName(21), "");
+    QStringList names;
+    for (int slot : {1, 18, 19, 20, 0, 21}) names << P::ColumnName(slot);
+    EXPECT_EQ(names, QStringList({"Ingredient1", "Ingredient18", "ingredient19", "ingredient20", "", ""}));
 }
 
 TEST(PackedIngredient, FieldReadersTrimTheQuantityAndReadAnEmptyUnitAsEach) {
     const QString packed = "  1 1/2%%%%eggs%%beaten";
-    EXPECT_EQ(PackedIngredient::Quantity(packed), "1 1/2");
-    EXPECT_EQ(PackedIngredient::Unit(packed), "ea");
-    EXPECT_EQ(PackedIngredient::Name(packed), "eggs");
-    EXPECT_EQ(PackedIngredient::Field(packed, 3), "beaten");
+    EXPECT_EQ(QStringList({P::Quantity(packed), P::Unit(packed), P::Name(packed), P::Field(packed, 3)}),
+              QStringList({"1 1/2", "ea", "eggs", "beaten"}));
 
-    // A row with three fields has no preparation, and the name still reads.
+    // An older row with three fields has no preparation, and the name still reads.
     const QString threeFields = "      2%%cup%%milk";
-    EXPECT_EQ(PackedIngredient::Name(threeFields), "milk");
-    EXPECT_FALSE(PackedIngredient::Parse(threeFields).hasPreparation);
-    EXPECT_THROW(PackedIngredient::Field(threeFields, 3), RuntimeError);
-
-    // Text without any separator has no unit field.
-    try {
-        PackedIngredient::Unit("just salt");
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.description(), "Subscript out of range");
-    }
-    // The lenient reader never fails.
-    const PackedIngredient p = PackedIngredient::Parse("just salt");
+    EXPECT_EQ(P::Name(threeFields), "milk");
+    EXPECT_FALSE(P::Parse(threeFields).hasPreparation);
+    EXPECT_EQ(ErrorOf([&] { P::Field(threeFields, 3); }), "Subscript out of range");
+    // Text without any separator has no unit field; the lenient reader never fails.
+    EXPECT_EQ(ErrorOf([] { P::Unit("just salt"); }), "Subscript out of range");
+    const P p = P::Parse("just salt");
     EXPECT_EQ(p.quantity, "just salt");
     EXPECT_EQ(p.fieldCount, 1);
-    EXPECT_EQ(PackedIngredient::Parse("").fieldCount, 0);
+    EXPECT_EQ(P::Parse("").fieldCount, 0);
 }
 
 TEST(PackedIngredient, DisplayAndPrintLinesKeepTheirFixedFields) {
-    EXPECT_EQ(PackedIngredient::DisplayLine("      2%%cup%%flour%%sifted"), "      2 cu flour");
-    EXPECT_EQ(PackedIngredient::DisplayLine("1 1/2%%T%%sugar"), "  1 1/2 T  sugar");
-    EXPECT_EQ(PackedIngredient::DisplayLine("      3%%%%eggs"), "      3 ea eggs");
-    // A quantity longer than its field is cut to seven places.
-    EXPECT_EQ(PackedIngredient::DisplayLine("1234567890%%oz%%cheese"), "1234567 oz cheese");
-    EXPECT_EQ(PackedIngredient::DisplayLine("salt"), "   salt ea ");
-    EXPECT_EQ(PackedIngredient::PrintLine("      2%%cup%%flour%%sifted"), "      2 cup flour sifted");
+    const std::pair<const char*, const char*> lines[] = {
+        {"      2%%cup%%flour%%sifted", "      2 cu flour"}, {"1 1/2%%T%%sugar", "  1 1/2 T  sugar"},
+        {"      3%%%%eggs", "      3 ea eggs"},
+        {"1234567890%%oz%%cheese", "1234567 oz cheese"},  // a quantity longer than its field is cut to seven
+        {"salt", "   salt ea "}};
+    for (const auto& [packed, shown] : lines) EXPECT_EQ(P::DisplayLine(packed), shown) << packed;
+    EXPECT_EQ(P::PrintLine("      2%%cup%%flour%%sifted"), "      2 cup flour sifted");
 }

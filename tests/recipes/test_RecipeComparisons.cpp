@@ -1,8 +1,6 @@
 #include "recipes/RecipeComparisons.h"
-#include "recipes/RecipeTestRows.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
-
-namespace {
 
 class ComparisonsTest : public LarderTest {
 protected:
@@ -12,23 +10,13 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(ComparisonsTest, EachListedRecipeGetsItsDetailsLine) {
-    RecipeRow chili = Recipe("Chili", "Soups,Quick", "Family");
-    chili.course = "Main Course";
-    chili.prep = "45 mins.";
-    chili.servings = "6 Servings";
-    chili.favorite = true;
-    chili.timesUsed = 4;
-    chili.instructions = QString("Brown~") + QString(200, QLatin1Char('x'));
-    AddRecipe(chili);
-    AddRecipe(Recipe("Mom's Toast", "Quick"));
-
+    rows::Recipe("Chili", "Soups,Quick", "Family",
+                 {{"Course", "Main Course"}, {"PrepTime", "45 mins."}, {"Servings", "6 Servings"}, {"Favorite", true},
+                  {"TimesUsed", 4}, {"Instructions", "Brown~" + QString(200, 'x')}});
+    rows::Recipe("Mom's Toast", "Quick");
     RecipeComparisons& list = RecipeComparisons::Instance();
-    list.Add("Chili");
-    list.Add("Gone");
-    list.Add("Mom's Toast");
+    for (const char* title : {"Chili", "Gone", "Mom's Toast"}) list.Add(title);
     const QList<RecipeComparisons::Entry> entries = list.Entries();
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries[0].details,
@@ -42,9 +30,7 @@ TEST_F(ComparisonsTest, EachListedRecipeGetsItsDetailsLine) {
 
 TEST_F(ComparisonsTest, RemovingTakesTheFirstEqualEntryOnly) {
     RecipeComparisons& list = RecipeComparisons::Instance();
-    list.Add("A");
-    list.Add("B");
-    list.Add("A");
+    for (const char* title : {"A", "B", "A"}) list.Add(title);
     EXPECT_TRUE(list.RemoveFirst("A"));
     EXPECT_EQ(list.Titles(), QStringList({"B", "A"}));
     EXPECT_FALSE(list.RemoveFirst("C"));

@@ -1,21 +1,18 @@
 #include "core/MainPanes.h"
-#include "recipes/RecipeTestRows.h"
 #include "recipes/clsRecCategory.h"
+#include "support/RecipeTree.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QFont>
-
-namespace {
 
 class RecCategoryTest : public LarderTest {
 protected:
     void SetUp() override {
         LarderTest::SetUp();
-        StartRecipeTree({"Fish", "Quick"});
+        tree::Start({"Fish", "Quick"});
     }
 };
-
-}  // namespace
 
 TEST_F(RecCategoryTest, WriteNewAddsTheRowAndABoldCategoryNode) {
     clsRecCategory categories;
@@ -32,29 +29,22 @@ TEST_F(RecCategoryTest, WriteNewAddsTheRowAndABoldCategoryNode) {
 }
 
 TEST_F(RecCategoryTest, RemoveCategoryRewritesOnlyRecipesWhoseWholeListItIs) {
-    AddRecipe(Recipe("Trout", "Fish"));
-    AddRecipe(Recipe("Fish Tacos", "Fish, Quick"));
-    AddRecipe(Recipe("Shrimp", "Shellfish"));
-    AddRecipeNode("Fish", "Trout");
-    AddRecipeNode("Quick", "Fish", "Recipe");  // a recipe named like the category stays
-
+    rows::Recipe("Trout", "Fish");
+    rows::Recipe("Fish Tacos", "Fish, Quick");
+    rows::Recipe("Shrimp", "Shellfish");
+    tree::AddRecipe("Fish", "Trout");
+    tree::AddRecipe("Quick", "Fish", "Recipe");  // a recipe named like the category stays
     clsRecCategory categories;
+    categories.RemoveCategory("Mom's");  // unknown or quoted: nothing changes
+    categories.RemoveCategory("Nothing");
+    EXPECT_EQ(tree::Lines(), QStringList({"Fish", "Quick", "Fish/Trout", "Quick/Fish"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Recipie ORDER BY [ID]", "Style"),
+              QStringList({"Fish", "Fish, Quick", "Shellfish"}));
+
     categories.RemoveCategory("Fish");
     EXPECT_FALSE(categories.Exists("Fish"));
     EXPECT_TRUE(categories.Exists("Shellfish"));
-    EXPECT_EQ(RecipeValue("Trout", "Style").toString(), "");
-    EXPECT_EQ(RecipeValue("Fish Tacos", "Style").toString(), "Fish, Quick");
-    EXPECT_EQ(RecipeValue("Shrimp", "Style").toString(), "Shellfish");
-    EXPECT_EQ(TreeLines(), QStringList({"Quick", "Quick/Fish"}));
-    EXPECT_EQ(ui.count(), 0);
-}
-
-TEST_F(RecCategoryTest, RemovingAnUnknownOrQuotedCategoryChangesNothingElse) {
-    AddRecipe(Recipe("Trout", "Fish"));
-    clsRecCategory categories;
-    categories.RemoveCategory("Mom's");
-    categories.RemoveCategory("Nothing");
-    EXPECT_EQ(RecipeValue("Trout", "Style").toString(), "Fish");
-    EXPECT_EQ(TreeLines(), QStringList({"Fish", "Quick"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Recipie ORDER BY [ID]", "Style"), QStringList({"", "Fish, Quick", "Shellfish"}));
+    EXPECT_EQ(tree::Lines(), QStringList({"Quick", "Quick/Fish"}));
     EXPECT_EQ(ui.count(), 0);
 }

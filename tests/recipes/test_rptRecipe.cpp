@@ -1,7 +1,7 @@
 #include "core/Globals.h"
-#include "recipes/RecipeTestRows.h"
 #include "recipes/clsRecipies.h"
 #include "recipes/rptRecipe.h"
+#include "support/Rows.h"
 #include "support/TestEnv.h"
 
 #include <QDialog>
@@ -10,79 +10,57 @@
 #include <QFileInfo>
 #include <QImage>
 
-namespace {
-
 class RecipeReportTest : public LarderTest {
 protected:
     void SetUp() override {
         LarderTest::SetUp();
-        RecipeRow chili = Recipe("Chili", "Soups,Quick");
-        chili.course = "Main Course";
-        chili.prep = "45 mins.";
-        chili.servings = "6 Servings";
-        chili.instructions = "Brown the meat.~Simmer <slowly> & stir.";
-        chili.packed[1] = "      2%%cup%%kidney beans%%drained";
-        chili.packed[2] = "      1%%lb%%ground beef";
-        chili.packed[19] = "      1%%tsp%%hidden extra";
-        AddRecipe(chili);
+        rows::Recipe("Chili", "Soups,Quick", "General",
+                     {{"Course", "Main Course"}, {"PrepTime", "45 mins."}, {"Servings", "6 Servings"},
+                      {"Instructions", "Brown the meat.~Simmer <slowly> & stir."},
+                      {"Ingredient1", "      2%%cup%%kidney beans%%drained"}, {"Ingredient2", "      1%%lb%%ground beef"},
+                      {"ingredient19", "      1%%tsp%%hidden extra"}});
     }
-
-    static QString Read(const QString& path) {
-        QFile f(path);
-        if (!f.open(QIODevice::ReadOnly)) return QString();
-        return QString::fromUtf8(f.readAll());
-    }
-
-    QStringList files_;
     void TearDown() override {
         for (const QString& f : files_) QFile::remove(f);
         LarderTest::TearDown();
     }
+    // Reads a temporary file and has it removed, with its picture, at the end.
+    QString Take(const QString& path) {
+        files_ << path << QFileInfo(path).absolutePath() + "/" + QFileInfo(path).completeBaseName() + "_picture.png";
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+    }
+    static void SetImage(const QString& path) {
+        rows::Set("SELECT [ImageFile] FROM Recipie WHERE [Title] = 'Chili'", "ImageFile", path);
+    }
+    QStringList files_;
 };
 
-}  // namespace
-
-TEST_F(RecipeReportTest, TempFileAsHtmlCarriesTitleDetailsIngredientsAndMethod) {
+TEST_F(RecipeReportTest, TempFileCarriesTitleDetailsIngredientsAndMethodAsHtmlOrText) {
     clsRecipies r;
     const QString path = r.CreateTempFile("Chili", "");
-    files_ << path << QFileInfo(path).absolutePath() + "/" + QFileInfo(path).completeBaseName() + "_picture.png";
     ASSERT_FALSE(path.isEmpty());
     EXPECT_TRUE(QFileInfo(path).fileName().startsWith("VBN"));
     EXPECT_EQ(QFileInfo(path).absolutePath(), QFileInfo(QDir::tempPath()).absoluteFilePath());
-    const QString html = Read(path);
-    EXPECT_TRUE(html.contains("<h1>Chili</h1>"));
-    EXPECT_TRUE(html.contains("Categories: Soups,Quick"));
-    EXPECT_TRUE(html.contains("Prep Time: 45 mins."));
-    EXPECT_TRUE(html.contains("2 cup kidney beans drained"));
-    EXPECT_TRUE(html.contains("1 lb ground beef"));
-    EXPECT_FALSE(html.contains("%%"));
-    EXPECT_FALSE(html.contains("hidden extra"));  // slot 19 is never printed
-    EXPECT_TRUE(html.contains("Simmer &lt;slowly&gt; &amp; stir."));
-    EXPECT_FALSE(html.contains("<img"));  // no picture of its own, and none is asked for
+    const QString html = Take(path);
+    for (const char* part : {"<h1>Chili</h1>", "Categories: Soups,Quick", "Prep Time: 45 mins.",
+                             "2 cup kidney beans drained", "1 lb ground beef", "Simmer &lt;slowly&gt; &amp; stir."})
+        EXPECT_TRUE(html.contains(part)) << part;
+    // Slot 19 is never printed; no picture of its own, and none is asked for.
+    for (const char* part : {"%%", "hidden extra", "<img"}) EXPECT_FALSE(html.contains(part)) << part;
     // What was printed is not written back.
-    EXPECT_EQ(RecipeValue("Chili", "Ingredient1").toString(), "      2%%cup%%kidney beans%%drained");
+    EXPECT_EQ(rows::Field("Recipie", "Title", "Chili", "Ingredient1").toString(), "      2%%cup%%kidney beans%%drained");
+
+    const QString text = Take(r.CreateTempFile("Chili", "txt"));
+    EXPECT_TRUE(text.startsWith("Chili\r\n=====")) << text.left(40).toStdString();
+    for (const char* part : {"Course: Main Course", "2 cup kidney beans drained", "Brown the meat.\r\nSimmer <slowly> & stir."})
+        EXPECT_TRUE(text.contains(part)) << part;
+    EXPECT_FALSE(text.contains("<h1>"));
     EXPECT_EQ(ui.count(), 0);
 }
 
-TEST_F(RecipeReportTest, TempFileAsTextWhenASelectorIsGiven) {
-    clsRecipies r;
-    const QString path = r.CreateTempFile("Chili", "txt");
-    files_ << path;
-    const QString text = Read(path);
-    EXPECT_TRUE(text.startsWith("Chili\r\n=====")) << text.left(40).toStdString();
-    EXPECT_TRUE(text.contains("Course: Main Course"));
-    EXPECT_TRUE(text.contains("2 cup kidney beans drained"));
-    EXPECT_TRUE(text.contains("Brown the meat.\r\nSimmer <slowly> & stir."));
-    EXPECT_FALSE(text.contains("<h1>"));
-}
-
 TEST_F(RecipeReportTest, TempFileLoadsThePictureWithoutTestingIt) {
-    Recordset rs;
-    rs.Open("SELECT [ImageFile] FROM Recipie WHERE [Title] = 'Chili'", ConnectionMain(), adOpenKeyset,
-            adLockOptimistic);
-    rs.setField("ImageFile", HomeFile("Images/gone.jpg"));
-    rs.Update();
-    rs.Close();
+    SetImage(HomeFile("Images/gone.jpg"));
     clsRecipies r;
     ui.answer(Answer::OK);
     EXPECT_EQ(r.CreateTempFile("Chili", ""), "");
@@ -94,19 +72,11 @@ TEST_F(RecipeReportTest, TempFileLoadsThePictureWithoutTestingIt) {
     picture.fill(Qt::red);
     picture.save(HomeFile("chili.png"), "PNG");
     r.SetRecipeImage("Chili", HomeFile("chili.png"));
-    const QString path = r.CreateTempFile("Chili", "");
-    files_ << path << QFileInfo(path).absolutePath() + "/" + QFileInfo(path).completeBaseName() + "_picture.png";
-    EXPECT_TRUE(Read(path).contains("<img"));
+    EXPECT_TRUE(Take(r.CreateTempFile("Chili", "")).contains("<img"));
 }
 
 TEST_F(RecipeReportTest, PreviewExportsOnlyWithoutAPathAndFallsBackToTheBackground) {
-    Recordset rs;
-    rs.Open("SELECT [ImageFile] FROM Recipie WHERE [Title] = 'Chili'", ConnectionMain(), adOpenKeyset,
-            adLockOptimistic);
-    rs.setField("ImageFile", HomeFile("missing.jpg"));
-    rs.Update();
-    rs.Close();
-
+    SetImage(HomeFile("missing.jpg"));
     clsRecipies r;
     // A given path is ignored: nothing is written and nothing asked.
     r.PrintPreview("Chili", 3, HomeFile("cookbook"));
@@ -119,7 +89,7 @@ TEST_F(RecipeReportTest, PreviewExportsOnlyWithoutAPathAndFallsBackToTheBackgrou
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().kind, "SaveFile");
     EXPECT_EQ(r.LastExportFile(), target);
-    const QString html = Read(target);
+    const QString html = Take(target);
     EXPECT_TRUE(html.contains("2 cup kidney beans drained"));
     EXPECT_TRUE(html.contains("<img"));  // the missing picture is replaced by the background
     EXPECT_TRUE(QFile::exists(HomeFile("Chili_picture.png")));
@@ -131,7 +101,6 @@ TEST_F(RecipeReportTest, PreviewExportsOnlyWithoutAPathAndFallsBackToTheBackgrou
     });
     r.PrintPreview("Chili", 2, "");
     EXPECT_TRUE(shown);
-
     // An unknown recipe prints nothing and asks nothing.
     r.PrintPreview("Nothing", 3, "");
     EXPECT_EQ(ui.count(), 2);
@@ -147,8 +116,7 @@ TEST(rptRecipeLayout, BuildsHeadingsRowsAndMethodFromItsFields) {
     EXPECT_EQ(report.Title(), "Toast");
     EXPECT_EQ(report.RowCount(), 2);
     const QString text = report.ToText();
-    EXPECT_TRUE(text.contains("Categories: Quick"));
-    EXPECT_TRUE(text.contains("2 slice bread"));
-    EXPECT_TRUE(text.contains("Toast.\r\nButter."));
+    for (const char* part : {"Categories: Quick", "2 slice bread", "Toast.\r\nButter."})
+        EXPECT_TRUE(text.contains(part)) << part;
     EXPECT_FALSE(rptRecipe::Background().isNull());
 }

@@ -7,11 +7,9 @@
 #include <QDir>
 #include <QFile>
 
-namespace {
-
 class StoreTest : public MailCaptureTest {
 protected:
-    void Map(const QString& store, const QString& category, const QString& isle, int order) {
+    static void Map(const QString& store, const QString& category, const QString& isle, int order) {
         rows::Add("IsleMap", {{"Store", store}, {"ItemCategory", category}, {"Isle", isle}, {"IsleOrder", order}});
     }
     QString WriteFile(const QString& name, const QByteArray& bytes) {
@@ -21,14 +19,9 @@ protected:
         f.write(bytes);
         return path;
     }
-    QStringList Mappings() {
-        QStringList out;
-        Recordset rs;
-        rs.Open("SELECT * FROM IsleMap ORDER BY [ID]", ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        for (; !rs.IsEOF(); rs.MoveNext())
-            out << rs.Field("Store").toString() + "/" + rs.Field("ItemCategory").toString() + "/" +
-                       rs.Field("Isle").toString() + "/" + rs.Field("IsleOrder").toString();
-        return out;
+    // "Store/Category/Isle/Order" of every mapping, in the order written.
+    static QStringList Mappings() {
+        return rows::Joined("SELECT * FROM IsleMap ORDER BY [ID]", {"Store", "ItemCategory", "Isle", "IsleOrder"}, "/");
     }
 };
 
@@ -61,10 +54,9 @@ TEST_F(StoreTest, StoreBrandsAreFoundInsideManufacturerNames) {
     rows::Add("Manufacturer", {{"Name", "Kroger Brand Foods"}});
     rows::Add("Manufacturer", {{"Name", "O'Neil's Dairy"}});
     clsStore store;
-    EXPECT_TRUE(store.IsPossibleManufacturer("Kroger"));
-    EXPECT_TRUE(store.IsPossibleManufacturer("roger"));
-    EXPECT_TRUE(store.IsPossibleManufacturer("O'Neil"));
-    EXPECT_FALSE(store.IsPossibleManufacturer("Safeway"));
+    EXPECT_EQ(QList<bool>({store.IsPossibleManufacturer("Kroger"), store.IsPossibleManufacturer("roger"),
+                           store.IsPossibleManufacturer("O'Neil"), store.IsPossibleManufacturer("Safeway")}),
+              QList<bool>({true, true, true, false}));
     EXPECT_FALSE(store.Exists("Kroger"));
 }
 
@@ -76,16 +68,14 @@ TEST_F(StoreTest, RenamingCarriesTheNameEverywhereButTheAlternateMap) {
     rows::Add("AlternateIsleMap", {{"StoreName", "Joe's"}, {"ItemName", "Milk"}});
     clsStore store;
     store.ChangeName("Joe's", "Joe \"Big\" Mart");
-    EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name"), QStringList({"Joe \"Big\" Mart"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM ShopList", "Store"), QStringList({"Joe \"Big\" Mart"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM Coupons", "Store"), QStringList({"Joe \"Big\" Mart"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM IsleMap", "Store"), QStringList({"Joe \"Big\" Mart"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM AlternateIsleMap", "StoreName"), QStringList({"Joe's"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name") + rows::Column("SELECT * FROM ShopList", "Store") +
+                  rows::Column("SELECT * FROM Coupons", "Store") + rows::Column("SELECT * FROM IsleMap", "Store") +
+                  rows::Column("SELECT * FROM AlternateIsleMap", "StoreName"),
+              QStringList({"Joe \"Big\" Mart", "Joe \"Big\" Mart", "Joe \"Big\" Mart", "Joe \"Big\" Mart", "Joe's"}));
 
     ui.answer(Answer::OK);
     store.ChangeName("Joe's", "Other");
-    EXPECT_EQ(ui.lastBox().prompt, "Joe's does not exist, please choose a different name.");
-    EXPECT_EQ(ui.lastBox().title, "Exists");
+    EXPECT_EQ(LastBox(), "Exists: Joe's does not exist, please choose a different name.");
 }
 
 TEST_F(StoreTest, DeletingAStoreKeepsListRowsAndCouponsWithoutIt) {
@@ -98,10 +88,9 @@ TEST_F(StoreTest, DeletingAStoreKeepsListRowsAndCouponsWithoutIt) {
     rows::Add("AlternateIsleMap", {{"StoreName", "Aldi"}});
     clsStore store;
     store.DeleteStore("Aldi");
-    EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name"), QStringList({"Lidl"}));
-    EXPECT_EQ(rows::Column("SELECT * FROM ShopList", "Store"), QStringList({""}));
-    EXPECT_EQ(rows::Column("SELECT * FROM Coupons", "Store"), QStringList({""}));
-    EXPECT_EQ(rows::Column("SELECT * FROM IsleMap", "Store"), QStringList({"Lidl"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name") + rows::Column("SELECT * FROM ShopList", "Store") +
+                  rows::Column("SELECT * FROM Coupons", "Store") + rows::Column("SELECT * FROM IsleMap", "Store"),
+              QStringList({"Lidl", "", "", "Lidl"}));
     EXPECT_EQ(rows::Count("SELECT * FROM AlternateIsleMap"), 1);
 
     ui.answer(Answer::OK);
@@ -130,8 +119,7 @@ TEST_F(StoreTest, ExportWritesBareLinesAsksBeforeOverwritingAndOffersMail) {
 
     ui.answer(Answer::No);  // keep the old file
     store.ExportStoreFile("Aldi");
-    EXPECT_EQ(ui.lastBox().prompt, QDir::toNativeSeparators(path) + " has already been exported, Over-write file?");
-    EXPECT_EQ(ui.lastBox().title, "Over-write");
+    EXPECT_EQ(LastBox(), "Over-write: " + QDir::toNativeSeparators(path) + " has already been exported, Over-write file?");
 
     ui.answer(Answer::Yes);
     ui.answer(Answer::Yes);
@@ -192,8 +180,7 @@ TEST_F(StoreTest, BrokenMapFilesAreRefusedWholeAndEmptyOnesImportNothing) {
     for (const QString& path : bad) {
         ui.answer(Answer::OK);
         store.ImportStoreFile(path);
-        EXPECT_EQ(ui.lastBox().prompt, "There Appears to be a problem with this Store Map file.") << path.toStdString();
-        EXPECT_EQ(ui.lastBox().title, "File Problem");
+        EXPECT_EQ(LastBox(), "File Problem: There Appears to be a problem with this Store Map file.") << path.toStdString();
         EXPECT_EQ(ui.lastBox().buttons, Box::Critical);
     }
     store.ImportStoreFile(WriteFile("empty.gil", ""));
@@ -204,5 +191,3 @@ TEST_F(StoreTest, BrokenMapFilesAreRefusedWholeAndEmptyOnesImportNothing) {
     store.ImportStoreFile(WriteFile("quoted.gil", "Aldi,\"Pasta, rice\" ,Isle 1\r\n"));
     EXPECT_EQ(Mappings(), QStringList({"Aldi/Pasta, rice/Isle 1/0"}));
 }
-
-}  // namespace

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "platform/ScriptedUi.h"
 
 #include <QString>
 #include <QTemporaryDir>
+#include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
 
@@ -13,6 +15,16 @@ inline void PrintTo(const QStringList& list, std::ostream* os) {
     *os << '{';
     for (qsizetype i = 0; i < list.size(); ++i) *os << (i ? ", \"" : "\"") << list[i].toStdString() << '"';
     *os << '}';
+}
+
+// The description of the error a call raises, or "(no error)".
+inline QString ErrorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const RuntimeError& e) {
+        return e.description();
+    }
+    return QStringLiteral("(no error)");
 }
 
 // Every test gets a program folder of its own with the starting database open as
@@ -32,6 +44,8 @@ protected:
     void CloseDatabase();
 
     ScriptedUi ui;
+    // The last box as "Title: prompt".
+    QString LastBox() const { return ui.lastBox().title + ": " + ui.lastBox().prompt; }
 
 private:
     QTemporaryDir dir_;
