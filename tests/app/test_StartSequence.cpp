@@ -262,6 +262,16 @@ TEST_F(StartTest, OverdueRemindersHoldTheProgramOpenUntilDealtWith) {
     rs.Close();
     w.mnuExit();
     EXPECT_TRUE(w.Ended());
+}
+
+TEST_F(StartTest, AReminderWithADamagedDateNeverHoldsTheExit) {
+    AddMessage("Junk date", "someday soon", 1);
+    AddMessage("Blank date", "", 1);
+    frmMain w;
+    w.Form_Load();
+    w.mnuExit();
+    EXPECT_TRUE(w.Ended());
+    EXPECT_TRUE(ui.prompts().filter("Type mismatch").isEmpty());
     EXPECT_FALSE(ConnectionMain().IsOpen());
 }
 

@@ -110,15 +110,19 @@ TEST_F(CouponTest, AWordForADateStopsThePurgeWithWhatWasDoneKept) {
     EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "MarkForPurge"), QStringList({"True", "False", "False"}));
 }
 
-TEST_F(CouponTest, TheDeliveryWalkClearsATableOfExpiredCoupons) {
-    // Only a table in which every row has expired lets the walk end: a current
-    // delivery coupon holds it on that row for good, so no test can add one.
-    for (const auto& [name, expiration] : QList<QPair<QString, QString>>{
-             {"Old pizza", "10/01/2026"}, {"Old curry", "11/21/2026"}, {"Old noodles", "01/15/2025"}})
+TEST_F(CouponTest, TheDeliveryWalkDeletesExpiredCouponsAndPassesLiveOnes) {
+    // A coupon still good sits between expired ones: the walk must pass it
+    // (not stop on it for good) and keep it.
+    for (const auto& [name, expiration] : QList<QPair<QString, QString>>{{"Old pizza", "10/01/2026"},
+                                                                         {"Fresh sushi", "12/31/2026"},
+                                                                         {"Old curry", "11/21/2026"},
+                                                                         {"Today's tacos", "11/22/2026"},
+                                                                         {"Old noodles", "01/15/2025"}})
         rows::Add("Delivery", {{"Restaurant", name}, {"Expiration", expiration}});
     AddCoupon("Acme", "Milk", "1 gal");
     clsCoupon().AutoPurge(false, true);
-    EXPECT_EQ(Count("Delivery"), 0);
+    EXPECT_EQ(rows::Column("SELECT * FROM Delivery ORDER BY [Restaurant]", "Restaurant"),
+              QStringList({"Fresh sushi", "Today's tacos"}));
     EXPECT_EQ(Count("Coupons"), 1);  // the store coupons' stages still ran
 }
 

@@ -28,7 +28,7 @@ TEST(PackedIngredient, FieldReadersTrimTheQuantityAndReadAnEmptyUnitAsEach) {
     EXPECT_EQ(QStringList({P::Quantity(packed), P::Unit(packed), P::Name(packed), P::Field(packed, 3)}),
               QStringList({"1 1/2", "ea", "eggs", "beaten"}));
 
-    // An older row with three fields has no preparation, and the name still reads.
+    // A row with three fields has no preparation, and the name still reads.
     const QString threeFields = "      2%%cup%%milk";
     EXPECT_EQ(P::Name(threeFields), "milk");
     EXPECT_FALSE(P::Parse(threeFields).hasPreparation);
