@@ -298,3 +298,12 @@ bool MainPanes::IsRecipeNode(const QStandardItem* node) {
 bool MainPanes::IsCategoryNode(const QStandardItem* node) {
     return node && node->data(TagRole).toString() == QLatin1String("RecipeCategory");
 }
+
+QStandardItem* MainPanes::AddCategory(const QString& name) {
+    const QString key = name.trimmed();
+    if (QStandardItem* node = FindByKey(recipes, key)) return node;
+    QStandardItem* node = CategoryNode(key);
+    if (QStandardItem* root = FindByKey(recipes, QStringLiteral("Root"))) root->appendRow(node);
+    else recipes.appendRow(node);
+    return node;
+}

@@ -55,6 +55,9 @@ public:
     static QList<QStandardItem*> MessageRow(const QString& title, const QString& body, const QString& shownDate,
                                             bool reminder);
     static QStandardItem* MealNode(const QString& name);
+    // The recipe tree's category node of that (trimmed) name, made bold under
+    // the root when missing.
+    QStandardItem* AddCategory(const QString& name);
     // A recipe node of the recipe tree (plain, favourite or a title node).
     static bool IsRecipeNode(const QStandardItem* node);
     static bool IsCategoryNode(const QStandardItem* node);

@@ -31,10 +31,7 @@ bool clsRecCategory::WriteNew(const QString& name) {
         r.Update();
 
         // The node the main window would have made for it when loading.
-        MainPanes& panes = MainPanes::Instance();
-        const QString key = name.trimmed();
-        if (!panes.FindByKey(panes.recipes, key))
-            panes.SetBold(panes.AddNode(panes.recipes, QStringLiteral("Root"), key, key, kCategoryTag));
+        MainPanes::Instance().AddCategory(name);
         return true;
     });
 }

@@ -23,7 +23,6 @@
 namespace {
 
 const QString kRecipeTitleTag = QStringLiteral("Recipe Title");
-const QString kCategoryTag = QStringLiteral("RecipeCategory");
 const QColor kRecipeColour(100, 100, 100);
 
 
@@ -36,16 +35,7 @@ QString LitInPlace(QString& text) {
 
 QStandardItemModel& Tree() { return MainPanes::Instance().recipes; }
 
-// A category node the way the main window makes it: bold, under the root,
-// keyed and labelled by the trimmed name.
-QStandardItem* CategoryNode(const QString& category) {
-    MainPanes& panes = MainPanes::Instance();
-    const QString name = category.trimmed();
-    if (QStandardItem* node = panes.FindByKey(Tree(), name)) return node;
-    QStandardItem* node = panes.AddNode(Tree(), QStringLiteral("Root"), name, name, kCategoryTag);
-    panes.SetBold(node);
-    return node;
-}
+QStandardItem* CategoryNode(const QString& category) { return MainPanes::Instance().AddCategory(category); }
 
 QString MissingRecord() { return Err::NoCurrentRecord; }
 
@@ -509,11 +499,11 @@ bool clsRecipies::ChangeCookbook(const QString& title, const QString& cookbook) 
             const bool favorite = !IsNull(fav) && CBool(fav);
             for (const QString& part : Split(TextOf(rs.Field(QStringLiteral("Style"))), QStringLiteral(","))) {
                 if (part.trimmed().isEmpty()) continue;
-                QStandardItem* parent = CategoryNode(part);
-                QStandardItem* node = panes.AddNode(Tree(), parent->data(MainPanes::KeyRole).toString(), QString(),
-                                                    title, kRecipeTitleTag);
+                // A recipe moved in shows greyed, favourite or not, until the tree is loaded again.
+                QStandardItem* node = MainPanes::RecipeNode(title, favorite);
+                node->setData(kRecipeTitleTag, MainPanes::TagRole);
                 panes.SetColour(node, kRecipeColour);
-                if (favorite) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
+                CategoryNode(part)->appendRow(node);
             }
         } else {
             for (QStandardItem* node : panes.AllNodes(Tree())) {
@@ -540,11 +530,7 @@ void clsRecipies::SetCourse() {
 void clsRecipies::AddRecipeCategory(const QString& category, const QString& title) {
     Trap(QStringLiteral("Recipe.AddRecipeCategory"), [&] {
         // The tree first: the category's node (made when missing) with the recipe under it.
-        MainPanes& panes = MainPanes::Instance();
-        QStandardItem* parent = CategoryNode(category);
-        QStandardItem* node =
-            panes.AddNode(Tree(), parent->data(MainPanes::KeyRole).toString(), QString(), title, QStringLiteral("Recipe"));
-        panes.SetColour(node, kRecipeColour);
+        CategoryNode(category)->appendRow(MainPanes::RecipeNode(title, false));
 
         Recordset rs;
         rs.Open(QStringLiteral("SELECT [Style] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
