@@ -1,3 +1,4 @@
+#include "app/Application.h"
 #include "platform/Clock.h"
 #include "app/frmMain.h"
 #include "platform/FirstStart.h"
@@ -7,7 +8,7 @@
 
 int main(int argc, char** argv) {
     Clock::SettleTimeZone();
-    QApplication app(argc, argv);
+    Application app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Larderkeep"));
     QString error;
     if (!FirstStart::Run(&error)) {

@@ -8,6 +8,11 @@ bool CommandRegistry::Run(const QString& key) const {
     const auto it = handlers_.constFind(key);
     if (it == handlers_.constEnd()) return false;
     const Handler handler = *it;  // a handler may register others while it runs
-    Trap(QStringLiteral("frmMain.") + key, [&] { handler(); });
+    const QString where = QStringLiteral("frmMain.") + key;
+    try {
+        Trap(where, [&] { handler(); });
+    } catch (...) {
+        ReportErrorText(QStringLiteral("Error: an unexpected failure (Occurred in ") + where + QLatin1Char(')'));
+    }
     return true;
 }

@@ -8,6 +8,7 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "platform/Database.h"
+#include "platform/RuntimeError.h"
 #include "support/TestEnv.h"
 
 #include <QAction>
@@ -15,6 +16,8 @@
 #include <QDialog>
 #include <QMenu>
 #include <QStandardItem>
+#include <QPushButton>
+#include <QTest>
 #include <QToolBar>
 
 namespace {
@@ -142,6 +145,18 @@ TEST_F(CommandWalk, ConnectionClosedUnderneath) {
     // Every failure became a box; none of them ended the program.
     EXPECT_FALSE(w.Ended());
     EXPECT_GT(ui.count(), 0);
+}
+
+TEST_F(CommandWalk, AFailingScreenControlBecomesTheErrorBox) {
+    QDialog screen;
+    screen.setObjectName("frmSample");
+    auto* button = new QPushButton("Go", &screen);
+    button->setObjectName("cmdGo");
+    QObject::connect(button, &QPushButton::clicked, [] { throw RuntimeError(QStringLiteral("Overflow")); });
+    screen.show();
+    QTest::mouseClick(button, Qt::LeftButton);
+    ASSERT_EQ(ui.count(), 1);
+    EXPECT_EQ(ui.lastBox().prompt, "Error: Overflow (Occurred in frmSample.cmdGo)");
 }
 
 }  // namespace
