@@ -1,5 +1,6 @@
 #include "LargeHousehold.h"
 
+#include "platform/Clock.h"
 #include "platform/FirstStart.h"
 
 #include <QDate>
@@ -22,6 +23,12 @@ const QStringList kDishes = {"Pie", "Stew", "Salad", "Soup", "Bread", "Roast", "
 const QStringList kUnits = {"cup", "tbsp", "tsp", "oz", "lb", "g", "can", "pkg", "clove", "pinch"};
 const QStringList kStores = {"Aldi", "Kroger", "Safeway", "Publix", "Wegmans",
                              "H-E-B", "Giant", "Meijer", "Trader Joe's", "Food Lion"};
+
+// Points the program's home and settings at `folder`.
+void UseFolder(const QString& folder) {
+    qputenv("LARDERKEEP_HOME", QFile::encodeName(folder));
+    qputenv("LARDERKEEP_CONFIG", QFile::encodeName(QDir(folder).filePath(QStringLiteral("Larderkeep.ini"))));
+}
 
 QString Word(int i) { return kWords[i % kWords.size()]; }
 QString Iso(const QDate& d) { return d.toString(QStringLiteral("yyyy-MM-dd")); }
@@ -84,7 +91,7 @@ private:
 
 void Fill(const QString& path, const LargeHousehold::Sizes& n) {
     Writer w(path);
-    const QDate today(2026, 11, 22);
+    const QDate today = LargeHousehold::kNow.date();
 
     QStringList cookbooks;
     for (int i = 0; i < n.cookbooks; ++i) cookbooks << QStringLiteral("%1's Cookbook").arg(Word(i * 3));
@@ -237,8 +244,17 @@ QString Prepare(const QString& folder, const Sizes& sizes) {
     QFile::copy(built, target);
     QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
     QFile::copy(cache.filePath(QStringLiteral("dictionary.dic")), QDir(folder).filePath(QStringLiteral("dictionary.dic")));
-    qputenv("LARDERKEEP_HOME", QFile::encodeName(folder));
-    qputenv("LARDERKEEP_CONFIG", QFile::encodeName(QDir(folder).filePath(QStringLiteral("Larderkeep.ini"))));
+    UseFolder(folder);
+    Clock::Pin(kNow);
+    return target;
+}
+
+QString PrepareStarting(const QString& folder) {
+    QDir().mkpath(folder);
+    const QString target = QDir(folder).filePath(QStringLiteral("Larderkeep.mdb"));
+    FirstStart::CreateTemplateDatabase(target);
+    FirstStart::WriteDictionary(QDir(folder).filePath(QStringLiteral("dictionary.dic")));
+    UseFolder(folder);
     return target;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 // A big family's years of data: 10,000 recipes in 40 categories over 12 cookbooks,
@@ -21,9 +22,17 @@ struct Sizes {
     int meals = 1500;
 };
 
+// The household's own today: its dates are spread around it, so the program's
+// clock is pinned there while the household is in use.
+inline const QDateTime kNow(QDate(2026, 11, 22), QTime(10, 0));
+
 // Builds the household database into `folder` (as Larderkeep.mdb, with the
-// dictionary beside it) and points the program at that folder. Built once per
-// process; later calls copy the first build.
+// dictionary beside it), points the program at that folder and pins the clock
+// at kNow. Built once per process; later calls copy the first build.
 QString Prepare(const QString& folder, const Sizes& sizes = Sizes());
+
+// The starting database and the dictionary in `folder`, with the program
+// pointed at it: the same start on a household with nothing in it yet.
+QString PrepareStarting(const QString& folder);
 
 }  // namespace LargeHousehold

@@ -2,43 +2,20 @@
 // every conversion does. Target: under 20 us a call for the two fraction
 // routines, whatever the value. The chart and abbreviation screens are measured
 // on a big household's data as the person opening them would wait.
-#include "LargeHousehold.h"
-#include "core/Globals.h"
+#include "Fixture.h"
 #include "measures/frmConversions.h"
 #include "measures/frmMeasureAbbreviations.h"
 #include "measures/modConvert.h"
-#include "platform/Database.h"
-#include "platform/ScriptedUi.h"
+#include "platform/Currency.h"
 
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
 
-ScriptedUi& Boxes() {
-    static ScriptedUi ui;
-    static bool set = false;
-    if (!set) {
-        ui.strict(false);
-        SetUi(&ui);
-        set = true;
-    }
-    return ui;
-}
-
-Database& Household() {
-    static QTemporaryDir dir;
-    if (!ConnectionMain().IsOpen()) {
-        Boxes();
-        ConnectionMain().Open(LargeHousehold::Prepare(dir.filePath("home")));
-    }
-    return ConnectionMain();
-}
-
-void SkipOnBox(benchmark::State& state) {
-    if (Boxes().count() > 0) state.SkipWithError(Boxes().lastBox().prompt.toStdString().c_str());
-}
+using Fixture::Boxes;
+using Fixture::CheckQuiet;
+using Fixture::Household;
 
 // The value is changed by each call, so every iteration starts from a copy.
 void BM_DecimalToFraction(benchmark::State& state, const char* text, const char* expected) {
@@ -50,7 +27,7 @@ void BM_DecimalToFraction(benchmark::State& state, const char* text, const char*
     }
     Currency value = start;
     if (DecimalToFraction(value) != QString::fromLatin1(expected)) state.SkipWithError("wrong fraction");
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 // Found with the first numerator.
 BENCHMARK_CAPTURE(BM_DecimalToFraction, quarter, "1.25", "1 1/4")->Unit(benchmark::kMicrosecond);
@@ -65,7 +42,7 @@ void BM_FractionToDecimal(benchmark::State& state, const char* text, const char*
     const QString quantity = QString::fromLatin1(text);
     for (auto _ : state) benchmark::DoNotOptimize(FractionToDecimal(quantity));
     if (FractionToDecimal(quantity).toString() != QString::fromLatin1(expected)) state.SkipWithError("wrong value");
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 BENCHMARK_CAPTURE(BM_FractionToDecimal, mixed, "1 1/2", "1.5")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_FractionToDecimal, padded_thirds, "  12 2/3 ", "12.6667")->Unit(benchmark::kMicrosecond);
@@ -77,7 +54,7 @@ void BM_ConvertUnit(benchmark::State& state) {
                                                                QStringLiteral("tbsp")));
     if (ConvertUnit(QStringLiteral("cup"), QStringLiteral("1 1/2"), QStringLiteral("tbsp")) != QStringLiteral("24"))
         state.SkipWithError("wrong conversion");
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 BENCHMARK(BM_ConvertUnit)->Unit(benchmark::kMicrosecond);
 
@@ -90,7 +67,7 @@ void BM_OpenConversionChart(benchmark::State& state) {
         measures = chart.Measures();
     }
     state.counters["measures"] = measures;
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 BENCHMARK(BM_OpenConversionChart)->Unit(benchmark::kMillisecond);
 
@@ -100,7 +77,7 @@ void BM_SaveConversionChart(benchmark::State& state) {
     frmConversions chart;
     for (auto _ : state) chart.mnuSaveGrid_Click();
     state.counters["cells"] = chart.Measures() * chart.Measures();
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 BENCHMARK(BM_SaveConversionChart)->Unit(benchmark::kMillisecond);
 
@@ -114,7 +91,7 @@ void BM_FindUnlistedAbbreviations(benchmark::State& state) {
         rows = form.flxAbbreviation->rowCount();
     }
     state.counters["grid_rows"] = rows;
-    SkipOnBox(state);
+    CheckQuiet(state);
 }
 BENCHMARK(BM_FindUnlistedAbbreviations)->Unit(benchmark::kMillisecond);
 

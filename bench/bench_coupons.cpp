@@ -1,9 +1,8 @@
 // Coupon matching and the purge over a big household's 5,000 coupons.
-#include "LargeHousehold.h"
+#include "Fixture.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "coupons/clsCoupon.h"
-#include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 
@@ -12,15 +11,11 @@
 
 namespace {
 
-void OpenHousehold(const QString& folder) {
-    Clock::Pin(QDateTime(QDate(2026, 11, 22), QTime(10, 0)));
-    if (ConnectionMain().IsOpen()) ConnectionMain().Close();
-    ConnectionMain().Open(LargeHousehold::Prepare(folder));
-}
+using Fixture::OpenFreshHousehold;
 
 void BM_CouponExistsMiss(benchmark::State& state) {
     static QTemporaryDir dir;
-    OpenHousehold(dir.filePath("home"));
+    OpenFreshHousehold(dir.filePath("home"));
     clsCoupon coupon;
     for (auto _ : state) benchmark::DoNotOptimize(coupon.Exists("Nobody", "Nothing at all", "0 oz"));
 }
@@ -28,7 +23,7 @@ BENCHMARK(BM_CouponExistsMiss)->Unit(benchmark::kMillisecond);
 
 void BM_CouponExistsExactHit(benchmark::State& state) {
     static QTemporaryDir dir;
-    OpenHousehold(dir.filePath("home"));
+    OpenFreshHousehold(dir.filePath("home"));
     Recordset rs;
     rs.Open("SELECT * FROM Coupons WHERE [ID] = 4990", ConnectionMain(), adOpenStatic, adLockReadOnly);
     const QString m = rs.Field("Manufacturer").toString(), p = rs.Field("Product").toString(),
@@ -45,7 +40,7 @@ void BM_AutoPurge1000Of5000(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         QTemporaryDir dir;
-        OpenHousehold(dir.filePath(QStringLiteral("home%1").arg(run++)));
+        OpenFreshHousehold(dir.filePath(QStringLiteral("home%1").arg(run++)));
         MainPanes::Instance().ClearAll();
         state.ResumeTiming();
         clsCoupon coupon;

@@ -1,7 +1,6 @@
 // The database engine under a big household's load: adding rows the way every
 // class does, and reading a pane's worth of rows.
-#include "LargeHousehold.h"
-#include "core/Globals.h"
+#include "Fixture.h"
 #include "platform/Database.h"
 #include "platform/FirstStart.h"
 #include "platform/Recordset.h"
@@ -12,15 +11,7 @@
 
 namespace {
 
-Database& Household() {
-    static QTemporaryDir dir;
-    static bool ready = false;
-    if (!ready) {
-        ConnectionMain().Open(LargeHousehold::Prepare(dir.filePath("home")));
-        ready = true;
-    }
-    return ConnectionMain();
-}
+using Fixture::Household;
 
 // The starting database, whose SpendHistory is empty: the same add on a small
 // table shows whether the cost grows with the table.

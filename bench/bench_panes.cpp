@@ -2,62 +2,32 @@
 // on at every start and after every screen that changes recipes, coupons,
 // the list or the meals. Target: the recipe tree of 10,000 recipes in 40
 // categories loads in under 150 ms.
-#include "LargeHousehold.h"
+#include "Fixture.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
 #include "app/frmMain.h"
-#include "platform/Database.h"
-#include "platform/ScriptedUi.h"
 
-#include <QCoreApplication>
 #include <QStandardItem>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
 
-// A box during a run would be an error report: record it instead of waiting.
-ScriptedUi& Boxes() {
-    static ScriptedUi ui;
-    static bool set = false;
-    if (!set) {
-        ui.strict(false);
-        SetUi(&ui);
-        set = true;
-    }
-    return ui;
-}
+using Fixture::CheckQuiet;
 
-frmMain* window = nullptr;
-
-// The window goes with the application, before the panes it shows.
-void CloseWindow() {
-    delete window;
-    window = nullptr;
-}
-
-// One household and one window for the whole program, shown as the user sees it.
+// The shared window, with the recipe and coupon trees given their roots.
 frmMain& Window() {
-    static QTemporaryDir dir;
-    if (!window) {
-        qAddPostRoutine(CloseWindow);
-        ConnectionMain().Open(LargeHousehold::Prepare(dir.filePath("home")));
-        Boxes();
-        window = new frmMain;
-        window->resize(1280, 900);
-        window->show();
+    static bool rooted = false;
+    frmMain& window = Fixture::Window();
+    if (!rooted) {
         MainPanes& panes = MainPanes::Instance();
         panes.Clear(panes.recipes);
         panes.SetBold(panes.AddNode(panes.recipes, QString(), "Root", "Recipies"));
         panes.Clear(panes.coupons);
         panes.SetBold(panes.AddNode(panes.coupons, QString(), "Root", "Coupons"));
+        rooted = true;
     }
-    return *window;
-}
-
-void CheckQuiet(benchmark::State& state) {
-    if (Boxes().count() > 0) state.SkipWithError(Boxes().lastBox().prompt.toStdString().c_str());
+    return window;
 }
 
 int RecipeNodes() {

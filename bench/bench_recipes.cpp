@@ -1,52 +1,23 @@
 // The recipe store under a big household: showing a recipe from the tree
 // (the object is made and walks its snapshot to the title), and the single-row
 // lookups that every drag and menu command makes.
-#include "LargeHousehold.h"
-#include "core/Globals.h"
-#include "platform/Database.h"
+#include "Fixture.h"
 #include "platform/Recordset.h"
-#include "platform/ScriptedUi.h"
 #include "recipes/clsRecipies.h"
 
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
 
-// A box during a run would be an error report: record it instead of waiting.
-ScriptedUi& Boxes() {
-    static ScriptedUi ui;
-    static bool set = false;
-    if (!set) {
-        ui.strict(false);
-        SetUi(&ui);
-        set = true;
-    }
-    return ui;
-}
-
-void Household() {
-    static QTemporaryDir dir;
-    static bool ready = false;
-    if (!ready) {
-        ConnectionMain().Open(LargeHousehold::Prepare(dir.filePath("home")));
-        ready = true;
-    }
-    Boxes();
-}
+using Fixture::CheckQuiet;
 
 // The title ten from the end in the store's own title order: Display walks
 // almost the whole snapshot to reach it.
 QString TitleNearTheEnd() {
-    Household();
     Recordset rs;
-    rs.Open("SELECT [Title] FROM Recipie ORDER BY [Title] DESC", ConnectionMain(), adOpenKeyset, adLockReadOnly);
+    rs.Open("SELECT [Title] FROM Recipie ORDER BY [Title] DESC", Fixture::Household(), adOpenKeyset, adLockReadOnly);
     for (int i = 0; i < 10; ++i) rs.MoveNext();
     return rs.Field("Title").toString();
-}
-
-void CheckQuiet(benchmark::State& state) {
-    if (Boxes().count() > 0) state.SkipWithError(Boxes().lastBox().prompt.toStdString().c_str());
 }
 
 void BM_RecipiesMakeAndDisplayNearTheEnd(benchmark::State& state) {

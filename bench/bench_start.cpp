@@ -6,11 +6,8 @@
 #include "core/clsRegistry.h"
 #include "app/frmMain.h"
 #include "platform/Database.h"
-#include "platform/FirstStart.h"
 #include "platform/ScriptedUi.h"
 
-#include <QDir>
-#include <QFile>
 #include <QStandardItem>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -71,12 +68,7 @@ void RunStart(benchmark::State& state, bool expectFull) {
 
 void BM_StartSequenceOnTemplate(benchmark::State& state) {
     QTemporaryDir dir;
-    const QString home = dir.filePath("home");
-    QDir().mkpath(home);
-    FirstStart::CreateTemplateDatabase(home + "/Larderkeep.mdb");
-    FirstStart::WriteDictionary(home + "/dictionary.dic");
-    qputenv("LARDERKEEP_HOME", QFile::encodeName(home));
-    qputenv("LARDERKEEP_CONFIG", QFile::encodeName(home + "/Larderkeep.ini"));
+    LargeHousehold::PrepareStarting(dir.filePath("home"));
     RunStart(state, false);
 }
 BENCHMARK(BM_StartSequenceOnTemplate)->Unit(benchmark::kMillisecond);

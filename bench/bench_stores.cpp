@@ -1,7 +1,6 @@
 // The store-map exchange file on a big household: importing 2,000 lines.
-#include "LargeHousehold.h"
+#include "Fixture.h"
 #include "core/Globals.h"
-#include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/ScriptedUi.h"
 #include "platform/Ui.h"
@@ -37,9 +36,7 @@ void BM_ImportStoreMap2000Lines(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         QTemporaryDir dir;
-        Clock::Pin(QDateTime(QDate(2026, 11, 22), QTime(10, 0)));
-        if (ConnectionMain().IsOpen()) ConnectionMain().Close();
-        ConnectionMain().Open(LargeHousehold::Prepare(dir.filePath(QStringLiteral("home%1").arg(run++))));
+        Fixture::OpenFreshHousehold(dir.filePath(QStringLiteral("home%1").arg(run++)));
         const QString path = MapFile(dir.path());
         state.ResumeTiming();
         clsStore().ImportStoreFile(path);

@@ -32,7 +32,7 @@ void ReopenMain(const QString& connectionString) {
 }  // namespace
 
 bool DBCompact() {
-    try {
+    return Trap(QStringLiteral("DBCompact"), false, [&] {
         const QString connection = ConnectionMain().ConnectionString();
         CloseMain();
         int n = 1;
@@ -50,14 +50,11 @@ bool DBCompact() {
         QFile::rename(temp, live);
         ReopenMain(kConnectionText + live);
         return true;
-    } catch (const std::exception& e) {
-        ReportError(e, QStringLiteral("DBCompact"));
-        return false;
-    }
+    });
 }
 
 bool BackupDatabase(QString& path, bool useDefault) {
-    try {
+    return TrapTail(QStringLiteral("."), false, [&] {
         if (path == QLatin1String("Larderkeep.bak")) path = ProgramFolder::File(QStringLiteral("Larderkeep.bak"));
         if (!path.isEmpty() && QFile::exists(path)) QFile::remove(path);
         const QString connection = ConnectionMain().ConnectionString();
@@ -71,8 +68,5 @@ bool BackupDatabase(QString& path, bool useDefault) {
         }
         ReopenMain(connection);
         return true;
-    } catch (const std::exception& e) {
-        ReportErrorText(QStringLiteral("Error: ") + ErrorDescription(e) + QLatin1Char('.'));
-        return false;
-    }
+    });
 }

@@ -7,16 +7,12 @@ QString clsComments::Comment() const { return TextOf(rs.Field(QStringLiteral("Co
 qint32 clsComments::ID() const { return CLng(rs.Field(QStringLiteral("ID"))); }
 
 bool clsComments::AddComment(const QString& text, qint32 id) {
-    try {
+    return Trapped(QStringLiteral("Comments.AddComment"), false, [&] {
         OpenForAdd(QStringLiteral("Comments"));
         rs.setField(QStringLiteral("Comment"), text);
         rs.setField(QStringLiteral("ID"), id);
         rs.Update();
         CloseDB();
         return true;
-    } catch (const std::exception& e) {
-        CloseDB();
-        ReportError(e, QStringLiteral("Comments.AddComment"));
-        return false;
-    }
+    });
 }

@@ -26,7 +26,7 @@ QString clsMessages::MesDate() const { return TextOf(rs.Field(QStringLiteral("Da
 qint32 clsMessages::ReminderTime() const { return CLng(rs.Field(QStringLiteral("ReminderTime"))); }
 
 bool clsMessages::WriteNew(const QString& title, QString& body, const QString& date, int type, int reminderTime) {
-    try {
+    return Trapped(QStringLiteral("Message.WriteNew"), false, [&] {
         OpenDB(QStringLiteral("SELECT * FROM Messages"), adOpenStatic, adLockOptimistic);
         if (!rs.IsEOF()) rs.MoveLast();
         else body = QStringLiteral("(None)");
@@ -39,11 +39,7 @@ bool clsMessages::WriteNew(const QString& title, QString& body, const QString& d
         rs.Update();
         CloseDB();
         return true;
-    } catch (const std::exception& e) {
-        CloseDB();  // a refused row is never stored
-        ReportError(e, QStringLiteral("Message.WriteNew"));
-        return false;
-    }
+    });
 }
 
 bool clsMessages::WriteNew(const QString& title, const QString& body, const QString& date, int type,
@@ -53,7 +49,7 @@ bool clsMessages::WriteNew(const QString& title, const QString& body, const QStr
 }
 
 bool clsMessages::UpdateMessage(const QString& title) {
-    try {
+    return Trapped(QStringLiteral("Message.UpdateMessage"), false, [&] {
         OpenDB(TitleQuery(title), adOpenKeyset, adLockOptimistic);
         const bool found = !rs.IsEOF();
         if (found) {
@@ -64,43 +60,31 @@ bool clsMessages::UpdateMessage(const QString& title) {
         }
         CloseDB();
         return found;
-    } catch (const std::exception& e) {
-        CloseDB();
-        ReportError(e, QStringLiteral("Message.UpdateMessage"));
-        return false;
-    }
+    });
 }
 
 bool clsMessages::Exists(const QString& title) {
-    try {
+    return Trapped(QStringLiteral("Message.Exists"), false, [&] {
         OpenDB(TitleQuery(title), adOpenKeyset, adLockReadOnly);
         const bool found = rs.RecordCount() >= 1;
         CloseDB();
         return found;
-    } catch (const std::exception& e) {
-        CloseDB();
-        ReportError(e, QStringLiteral("Message.Exists"));
-        return false;
-    }
+    });
 }
 
 bool clsMessages::DelMessage(const QString& title) {
-    try {
+    return Trapped(QStringLiteral("Message.DelMessage"), false, [&] {
         OpenDB(TitleQuery(title), adOpenKeyset, adLockOptimistic);
         const bool found = !rs.IsEOF();
         if (found) rs.Delete();
         CloseDB();
         return found;
-    } catch (const std::exception& e) {
-        CloseDB();
-        ReportError(e, QStringLiteral("Message.DelMessage"));
-        return false;
-    }
+    });
 }
 
 qint32 clsMessages::PurgeExpired() {
     qint32 deleted = 0;
-    try {
+    Trapped(QStringLiteral("Messages.PurgeExpired"), [&] {
         OpenDB(QStringLiteral("SELECT * FROM Messages WHERE [Date] < #") + CStr(Clock::Now()) + QLatin1Char('#'),
                adOpenKeyset, adLockOptimistic);
         const qint32 count = rs.RecordCount();
@@ -108,7 +92,7 @@ qint32 clsMessages::PurgeExpired() {
             CloseDB();
             MsgBox(QStringLiteral("There are no expired Messages in the database."), Box::Information,
                    QStringLiteral("No Expired"));
-            return 0;
+            return;
         }
         Response = MsgBox(QStringLiteral("There are ") + QString::number(count) +
                               QStringLiteral(" messages, Are you sure?"),
@@ -128,12 +112,8 @@ qint32 clsMessages::PurgeExpired() {
             }
         }
         CloseDB();
-        return deleted;
-    } catch (const std::exception& e) {
-        CloseDB();
-        ReportError(e, QStringLiteral("Messages.PurgeExpired"));
-        return deleted;
-    }
+    });
+    return deleted;
 }
 
 QString clsMessages::ExportToOutlook(const QString& title, const QString& body, const QString& date) {

@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <memory>
 #include <sqlite3.h>
 
 namespace {
@@ -45,6 +46,29 @@ ColumnInfo ParseColumn(const QString& name, const QString& declared) {
 
 bool IsWordChar(QChar c) { return c.isLetterOrNumber() || c == QLatin1Char('_'); }
 
+// Opens a database file; a file that cannot be opened throws SQLite's words.
+sqlite3* OpenFile(const QString& path, int flags) {
+    sqlite3* db = nullptr;
+    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
+    if (rc == SQLITE_OK) return db;
+    const QString why = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc));
+    sqlite3_close_v2(db);
+    throw DbError(why);
+}
+
+// Runs trusted statements; a failure throws SQLite's words.
+void Exec(sqlite3* db, const QString& sql) {
+    char* err = nullptr;
+    const int rc = sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &err);
+    if (rc == SQLITE_OK) return;
+    const QString why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
+    sqlite3_free(err);
+    throw DbError(why);
+}
+
+// A connection that closes when the scope ends, whichever way it ends.
+using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close_v2)>;
+
 }  // namespace
 
 const ColumnInfo* TableInfo::column(const QString& name) const {
@@ -71,55 +95,35 @@ void Database::Open(const QString& path) {
     if (!fi.exists() || !fi.isFile())
         throw DbError(QStringLiteral("Could not find file '%1'.").arg(path));
 
-    sqlite3* db = nullptr;
-    const QByteArray file = QFile::encodeName(path);
     // One connection on one thread: SQLite's own locking would only cost time.
-    int rc = sqlite3_open_v2(file.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    auto fail = [&](const QString& why) {
-        sqlite3_close_v2(db);
-        throw DbError(why);
-    };
-    if (rc != SQLITE_OK) fail(QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc)));
-    sqlite3_busy_timeout(db, 2000);
+    Connection db(OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX), &sqlite3_close_v2);
+    sqlite3_busy_timeout(db.get(), 2000);
     // A name the query misspells must fail, never turn silently into a text value.
-    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(db.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(db.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
 
     // Reading the catalogue is what tells a database from any other file, and it
     // writes nothing.
     sqlite3_stmt* st = nullptr;
-    rc = sqlite3_prepare_v2(db, "SELECT name FROM sqlite_master WHERE type='table'", -1, &st, nullptr);
-    if (rc != SQLITE_OK) fail(QString::fromUtf8(sqlite3_errmsg(db)));
+    int rc = sqlite3_prepare_v2(db.get(), "SELECT name FROM sqlite_master WHERE type='table'", -1, &st, nullptr);
+    if (rc != SQLITE_OK) throw DbError(QString::fromUtf8(sqlite3_errmsg(db.get())));
     QStringList tables;
     while ((rc = sqlite3_step(st)) == SQLITE_ROW)
         tables << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0))).toLower();
-    const QString stepError = QString::fromUtf8(sqlite3_errmsg(db));
+    const QString stepError = QString::fromUtf8(sqlite3_errmsg(db.get()));
     sqlite3_finalize(st);
-    if (rc != SQLITE_DONE) fail(stepError);
+    if (rc != SQLITE_DONE) throw DbError(stepError);
     for (const char* required : kRequiredTables)
         if (!tables.contains(QString::fromLatin1(required).toLower()))
-            fail(QStringLiteral("The file is not a Larderkeep database."));
-    if (sqlite3_db_readonly(db, "main") == 1)
-        fail(QStringLiteral("The database file is read-only."));
+            throw DbError(QStringLiteral("The file is not a Larderkeep database."));
+    if (sqlite3_db_readonly(db.get(), "main") == 1) throw DbError(QStringLiteral("The database file is read-only."));
 
-    char* err = nullptr;
-    rc = sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA foreign_keys=OFF; "
-                      "PRAGMA cache_size=-65536; PRAGMA mmap_size=268435456;",
-                      nullptr, nullptr, &err);
-    if (rc != SQLITE_OK) {
-        const QString why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
-        sqlite3_free(err);
-        fail(why);
-    }
+    Exec(db.get(), QStringLiteral("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA foreign_keys=OFF; "
+                                  "PRAGMA cache_size=-65536; PRAGMA mmap_size=268435456;"));
     // A write lock held by another program shows only when we try to take it.
-    rc = sqlite3_exec(db, "BEGIN IMMEDIATE; COMMIT;", nullptr, nullptr, &err);
-    if (rc != SQLITE_OK) {
-        const QString why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
-        sqlite3_free(err);
-        fail(why);
-    }
+    Exec(db.get(), QStringLiteral("BEGIN IMMEDIATE; COMMIT;"));
 
-    db_ = db;
+    db_ = db.release();
     path_ = fi.absoluteFilePath();
     if (connectionString_.isEmpty())
         connectionString_ = QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source =") + path;
@@ -173,57 +177,29 @@ void Database::ThrowLastError() const {
 
 void Database::ExecScript(const QString& sql) {
     if (!db_) throw DbError(Err::ClosedRecordset);
-    char* err = nullptr;
-    const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err);
-    if (rc != SQLITE_OK) {
-        const QString why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
-        sqlite3_free(err);
-        throw DbError(why);
-    }
+    Exec(db_, sql);
     tables_.clear();
     FinalizeCache();
 }
 
 void Database::CreateFile(const QString& path, const QStringList& scripts) {
-    sqlite3* db = nullptr;
-    const QByteArray file = QFile::encodeName(path);
-    int rc = sqlite3_open_v2(file.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-    QString why;
-    if (rc == SQLITE_OK) {
-        char* err = nullptr;
-        QString all = QStringLiteral("PRAGMA journal_mode=DELETE; BEGIN;\n");
-        for (const QString& s : scripts) all += s + QLatin1Char('\n');
-        all += QStringLiteral("COMMIT; PRAGMA journal_mode=WAL;");
-        rc = sqlite3_exec(db, all.toUtf8().constData(), nullptr, nullptr, &err);
-        if (rc != SQLITE_OK) why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
-        sqlite3_free(err);
-    } else {
-        why = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc));
-    }
-    sqlite3_close_v2(db);
-    if (!why.isEmpty()) {
+    QString all = QStringLiteral("PRAGMA journal_mode=DELETE; BEGIN;\n");
+    for (const QString& s : scripts) all += s + QLatin1Char('\n');
+    all += QStringLiteral("COMMIT; PRAGMA journal_mode=WAL;");
+    try {
+        Connection db(OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), &sqlite3_close_v2);
+        Exec(db.get(), all);
+    } catch (const DbError&) {
         QFile::remove(path);
-        throw DbError(why);
+        throw;
     }
 }
 
 void Database::CompactFile(const QString& source, const QString& target) {
     if (!QFileInfo::exists(source)) throw DbError(QStringLiteral("Could not find file '%1'.").arg(source));
     if (QFileInfo::exists(target)) throw DbError(QStringLiteral("Database '%1' already exists.").arg(target));
-    sqlite3* db = nullptr;
-    int rc = sqlite3_open_v2(QFile::encodeName(source).constData(), &db, SQLITE_OPEN_READONLY, nullptr);
-    QString why;
-    if (rc == SQLITE_OK) {
-        const QByteArray sql = QStringLiteral("VACUUM INTO '%1'").arg(QString(target).replace('\'', "''")).toUtf8();
-        char* err = nullptr;
-        rc = sqlite3_exec(db, sql.constData(), nullptr, nullptr, &err);
-        if (rc != SQLITE_OK) why = QString::fromUtf8(err ? err : sqlite3_errstr(rc));
-        sqlite3_free(err);
-    } else {
-        why = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(rc));
-    }
-    sqlite3_close_v2(db);
-    if (!why.isEmpty()) throw DbError(why);
+    Connection db(OpenFile(source, SQLITE_OPEN_READONLY), &sqlite3_close_v2);
+    Exec(db.get(), QStringLiteral("VACUUM INTO '%1'").arg(QString(target).replace('\'', "''")));
 }
 
 int Database::Authorize(void* self, int action, const char*, const char*, const char*, const char*) {
@@ -297,7 +273,7 @@ const TableInfo* Database::Table(const QString& name) {
     if (it != tables_.cend()) return it->get();
     if (!db_) return nullptr;
     sqlite3_stmt* st = nullptr;
-    const QByteArray sql = QStringLiteral("PRAGMA table_info(\"%1\")").arg(QString(name).replace('"', "\"\"")).toUtf8();
+    const QByteArray sql = (QStringLiteral("PRAGMA table_info(") + QuoteName(name) + QLatin1Char(')')).toUtf8();
     if (sqlite3_prepare_v2(db_, sql.constData(), -1, &st, nullptr) != SQLITE_OK) return nullptr;
     auto info = std::make_shared<TableInfo>();
     info->name = name;
@@ -311,6 +287,10 @@ const TableInfo* Database::Table(const QString& name) {
     if (info->columns.isEmpty()) return nullptr;
     tables_.insert(key, info);
     return info.get();
+}
+
+QString Database::QuoteName(const QString& name) {
+    return QLatin1Char('"') + QString(name).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
 }
 
 QString Database::TranslateQuery(const QString& sql) {
@@ -349,8 +329,7 @@ QString Database::TranslateQuery(const QString& sql) {
         } else if (c == QLatin1Char('[')) {
             const int j = sql.indexOf(QLatin1Char(']'), i + 1);
             if (j < 0) { out += sql.mid(i); break; }
-            QString name = sql.mid(i + 1, j - i - 1);
-            out += QLatin1Char('"') + name.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+            out += QuoteName(sql.mid(i + 1, j - i - 1));
             i = j + 1;
         } else if (c == QLatin1Char('`')) {
             const int j = sql.indexOf(QLatin1Char('`'), i + 1);

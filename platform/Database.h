@@ -29,6 +29,16 @@ struct ColumnInfo {
     int length = 0;  // characters, for Text and DateText
 };
 
+// A column of a query's result. Its kind comes from the table column it reads;
+// origin names that column when it is one of the base table's, whose rows the
+// result writes back to.
+struct ResultColumn {
+    QString name;
+    ColumnKind kind = ColumnKind::Other;
+    int length = 0;
+    QString origin;
+};
+
 struct TableInfo {
     QString name;
     QVector<ColumnInfo> columns;
@@ -77,6 +87,8 @@ public:
     // Rewrites the query dialect the program writes ([names], #dates#, "texts",
     // True/False) into SQLite's.
     static QString TranslateQuery(const QString& sql);
+    // A table or column name as SQLite reads it, whatever it contains.
+    static QString QuoteName(const QString& name);
 
     // --- used by Recordset -------------------------------------------------
     const TableInfo* Table(const QString& name);

@@ -6,20 +6,10 @@
 #include <QDateTime>
 #include <QRegularExpression>
 #include <cmath>
+#include <cstdint>
 #include <sqlite3.h>
 
 namespace {
-
-const QString kRowidAlias = QStringLiteral("__lk_rowid");
-// When a result is wide enough to step by key, and when a column has been read
-// often enough, over enough loaded rows, to be worth a pass of its own.
-constexpr size_t kKeyedMinColumns = 8;
-constexpr int kKeyedRowsBeforeBulk = 32;
-constexpr int kKeyedHotReads = 8;
-
-QString Quoted(const QString& name) {
-    return QLatin1Char('"') + QString(name).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
-}
 
 // The text a value becomes in a text column, as the program's own conversion
 // to text would write it.
@@ -177,6 +167,73 @@ QVariant FromStorage(const QVariant& v, ColumnKind kind) {
     }
 }
 
+bool IsWordChar(QChar c) { return c.isLetterOrNumber() || c == QLatin1Char('_'); }
+
+// Whether the outer query makes one row of many (SELECT DISTINCT, GROUP BY,
+// HAVING, an aggregate among its own terms): such a row is no row of the base
+// table, and its key would name an arbitrary member of the group. Texts,
+// quoted names and whatever stands in parentheses (subqueries too) do not count.
+bool Grouped(const QString& sql) {
+    static const QLatin1StringView kAggregates[] = {
+        QLatin1StringView("count"), QLatin1StringView("sum"), QLatin1StringView("avg"),
+        QLatin1StringView("min"), QLatin1StringView("max"), QLatin1StringView("total"),
+        QLatin1StringView("group_concat"), QLatin1StringView("string_agg")};
+    const QStringView text(sql);
+    const qsizetype n = text.size();
+    int depth = 0;
+    QStringView previous;
+    for (qsizetype i = 0; i < n;) {
+        const QChar c = text[i];
+        if (c == QLatin1Char('\'') || c == QLatin1Char('"') || c == QLatin1Char('`')) {
+            qsizetype j = i + 1;
+            for (; j < n; ++j) {
+                if (text[j] != c) continue;
+                if (j + 1 < n && text[j + 1] == c) {  // a doubled quote stays inside
+                    ++j;
+                    continue;
+                }
+                break;
+            }
+            i = j + 1;
+            previous = {};
+            continue;
+        }
+        if (!IsWordChar(c)) {
+            if (c == QLatin1Char('(')) ++depth;
+            else if (c == QLatin1Char(')')) --depth;
+            ++i;
+            continue;
+        }
+        qsizetype j = i;
+        while (j < n && IsWordChar(text[j])) ++j;
+        const QStringView word = text.mid(i, j - i);
+        i = j;
+        if (depth > 0) continue;
+        auto is = [](QStringView w, const char* name) {
+            return w.compare(QLatin1StringView(name), Qt::CaseInsensitive) == 0;
+        };
+        if (is(word, "having") || (is(word, "by") && is(previous, "group")) ||
+            (is(word, "distinct") && is(previous, "select")))
+            return true;
+        for (const QLatin1StringView aggregate : kAggregates) {
+            if (word.compare(aggregate, Qt::CaseInsensitive) != 0) continue;
+            while (j < n && text[j].isSpace()) ++j;
+            if (j < n && text[j] == QLatin1Char('(')) return true;
+        }
+        previous = word;
+    }
+    return false;
+}
+
+// One of the cursor's own writes: the values bound in order, one step.
+void Write(Database& db, const QString& sql, const QList<QVariant>& values) {
+    sqlite3_stmt* st = db.CachedStatement(sql);
+    for (int i = 0; i < values.size(); ++i) Bind(st, i + 1, values[i]);
+    const int rc = sqlite3_step(st);
+    sqlite3_reset(st);
+    if (rc != SQLITE_DONE) db.ThrowLastError();
+}
+
 }  // namespace
 
 Recordset::Recordset() = default;
@@ -184,32 +241,9 @@ Recordset::Recordset() = default;
 Recordset::~Recordset() { Close(); }
 
 void Recordset::Close() {
-    if (stmt_) sqlite3_finalize(stmt_);
-    stmt_ = nullptr;
-    if (db_ && writes_ > 0) db_->WritesFinished(writes_);
-    writes_ = 0;
-    db_ = nullptr;
-    done_ = false;
-    rows_.clear();
-    added_.clear();
-    ownRowids_.clear();
-    columns_.clear();
-    index_.clear();
-    recent_.fill({});
-    pending_.clear();
-    edit_ = Edit::None;
-    at_ = At::EOF_;
-    pos_ = 0;
-    countCache_ = -1;
-    anyWrites_ = false;
-    updatable_ = hasRowid_ = false;
-    table_.clear();
-    keyed_ = false;
-    withRowid_.clear();
-    keyOrder_.clear();
-    cache_.clear();
-    reads_.clear();
-    rowLoads_ = 0;
+    if (s_.stmt) sqlite3_finalize(s_.stmt);
+    if (s_.db && s_.writes > 0) s_.db->WritesFinished(s_.writes);
+    s_ = State();
 }
 
 void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockType) {
@@ -218,16 +252,16 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
     const QString translated = Database::TranslateQuery(sql);
 
     // Asking for the rowid as an extra first column is how we learn the one base
-    // table a row can be written back to; a join or a grouping refuses it.
+    // table a row can be written back to; a join refuses it, and a grouping is
+    // never asked.
     static const QRegularExpression headRe(QStringLiteral("^\\s*SELECT\\b(\\s+ALL\\b)?"),
                                            QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression distinctRe(QStringLiteral("^\\s*SELECT\\s+DISTINCT\\b"),
-                                               QRegularExpression::CaseInsensitiveOption);
     sqlite3_stmt* st = nullptr;
+    QString withRowid;
     const auto head = headRe.match(translated);
-    if (head.hasMatch() && !distinctRe.match(translated).hasMatch()) {
-        const QString withRowid = translated.left(head.capturedEnd()) + QStringLiteral(" _rowid_ AS ") +
-                                  kRowidAlias + QStringLiteral(", ") + translated.mid(head.capturedEnd());
+    if (head.hasMatch() && !Grouped(translated)) {
+        withRowid = translated.left(head.capturedEnd()) + QStringLiteral(" _rowid_ AS ") + KeyedRows::kKeyColumn +
+                    QStringLiteral(", ") + translated.mid(head.capturedEnd());
         QString ignored;
         st = db.PrepareQuery(withRowid, &ignored);
         if (st && !sqlite3_column_table_name(st, 0)) {
@@ -235,26 +269,22 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
             st = nullptr;
         }
         if (st) {
-            hasRowid_ = true;
-            table_ = QString::fromUtf8(sqlite3_column_table_name(st, 0));
-            // Kept for the key and column passes, which wrap it as a subquery.
-            withRowid_ = withRowid.trimmed();
-            while (withRowid_.endsWith(QLatin1Char(';'))) withRowid_ = withRowid_.chopped(1).trimmed();
+            s_.hasRowid = true;
+            s_.table = QString::fromUtf8(sqlite3_column_table_name(st, 0));
         }
     }
     if (!st) st = db.PrepareQuery(translated);
 
-    db_ = &db;
-    sql_ = translated;
-    cursorType_ = cursorType;
-    lockType_ = lockType;
-    stmt_ = st;
+    s_.db = &db;
+    s_.sql = translated;
+    s_.cursorType = cursorType;
+    s_.stmt = st;
 
-    const TableInfo* base = hasRowid_ ? db.Table(table_) : nullptr;
-    const int first = hasRowid_ ? 1 : 0;
+    const TableInfo* base = s_.hasRowid ? db.Table(s_.table) : nullptr;
+    const int first = s_.hasRowid ? 1 : 0;
     const int n = sqlite3_column_count(st);
     for (int i = first; i < n; ++i) {
-        Column c;
+        ResultColumn c;
         c.name = QString::fromUtf8(sqlite3_column_name(st, i));
         const char* originTable = sqlite3_column_table_name(st, i);
         const char* originColumn = sqlite3_column_origin_name(st, i);
@@ -266,51 +296,31 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
                     c.length = ci->length;
                 }
             }
-            if (base && t.compare(table_, Qt::CaseInsensitive) == 0) c.origin = QString::fromUtf8(originColumn);
+            if (base && t.compare(s_.table, Qt::CaseInsensitive) == 0) c.origin = QString::fromUtf8(originColumn);
             // A join repeats names; the table-qualified form reaches the second one.
-            index_.insert((t + QLatin1Char('.') + c.name).toLower(), int(columns_.size()));
+            s_.index.insert((t + QLatin1Char('.') + c.name).toLower(), int(s_.columns.size()));
         }
         const QString key = c.name.toLower();
-        if (!index_.contains(key)) index_.insert(key, int(columns_.size()));
-        columns_.push_back(c);
+        if (!s_.index.contains(key)) s_.index.insert(key, int(s_.columns.size()));
+        s_.columns.push_back(c);
     }
-    updatable_ = hasRowid_ && lockType != adLockReadOnly;
+    s_.updatable = s_.hasRowid && lockType != adLockReadOnly;
 
-    // Narrow results gain nothing from stepping keys alone; computed or
-    // repeated columns could not be read back by name from the base table.
-    bool keyed = fetchByKey_ && hasRowid_ && columns_.size() >= kKeyedMinColumns;
-    if (keyed) {
-        QSet<QString> names;
-        for (const Column& c : columns_) {
-            keyed = keyed && !c.origin.isEmpty();
-            names.insert(c.name.toLower());
+    if (fetchByKey_ && s_.hasRowid) {
+        // The key and column passes wrap the query as a subquery.
+        withRowid = withRowid.trimmed();
+        while (withRowid.endsWith(QLatin1Char(';'))) withRowid = withRowid.chopped(1).trimmed();
+        if (sqlite3_stmt* keys = s_.keyed.Start(db, withRowid, s_.columns)) {
+            sqlite3_finalize(s_.stmt);
+            s_.stmt = keys;
         }
-        keyed = keyed && names.size() == qsizetype(columns_.size());
-    }
-    sqlite3_stmt* keys = nullptr;
-    if (keyed) {
-        // Unordered, the full statement reads the table in its own order;
-        // alone, the keys would come from whichever index is smallest.
-        static const QRegularExpression orderRe(QStringLiteral("\\bORDER\\s+BY\\b"),
-                                                QRegularExpression::CaseInsensitiveOption);
-        if (!orderRe.match(withRowid_).hasMatch()) keyOrder_ = QStringLiteral(" ORDER BY ") + kRowidAlias;
-        QString refused;
-        keys = db.PrepareQuery(QStringLiteral("SELECT ") + kRowidAlias + QStringLiteral(" FROM (") + withRowid_ +
-                                   QLatin1Char(')') + keyOrder_,
-                               &refused);
-    }
-    if (keys) {
-        sqlite3_finalize(stmt_);
-        stmt_ = keys;
-        keyed_ = true;
-        cache_.resize(columns_.size());
-        reads_.assign(columns_.size(), 0);
     }
 
-    if (hasRowid_) {
+    if (s_.hasRowid) {
         // Rows inserted after this point by anyone else stay out of this cursor.
-        sqlite3_stmt* mx = db.CachedStatement(QStringLiteral("SELECT max(_rowid_) FROM ") + Quoted(table_));
-        if (sqlite3_step(mx) == SQLITE_ROW) maxRowidAtOpen_ = sqlite3_column_int64(mx, 0);
+        sqlite3_stmt* mx =
+            db.CachedStatement(QStringLiteral("SELECT max(_rowid_) FROM ") + Database::QuoteName(s_.table));
+        if (sqlite3_step(mx) == SQLITE_ROW) s_.maxRowidAtOpen = sqlite3_column_int64(mx, 0);
         sqlite3_reset(mx);
     }
 
@@ -320,101 +330,19 @@ void Recordset::Open(const QString& sql, Database& db, int cursorType, int lockT
         SetPosition(At::EOF_, 0);
 }
 
-QVariant Recordset::CellValue(const Cell& cell, const char* bytes, ColumnKind kind) {
-    const int type = cell.type;
-    if (type == SQLITE_NULL) return {};
-    auto text = [&] {
-        if (type == SQLITE_INTEGER) return QString::number(cell.integer);
-        if (type == SQLITE_FLOAT) return QString::number(cell.real, 'g', 15);
-        return QString::fromUtf8(bytes, cell.bytes);
-    };
-    switch (kind) {
-    case ColumnKind::Text:
-    case ColumnKind::LongText:
-    case ColumnKind::DateText:
-        return text();
-    case ColumnKind::Boolean:
-        if (type == SQLITE_TEXT) {
-            const QString t = text().trimmed();
-            if (t.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return true;
-            if (t.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0) return false;
-            return t.toDouble() != 0;
-        }
-        return type == SQLITE_INTEGER ? cell.integer != 0 : cell.real != 0;
-    case ColumnKind::Currency:
-        return QVariant::fromValue(Currency::fromDouble(type == SQLITE_INTEGER ? double(cell.integer)
-                                                        : type == SQLITE_FLOAT ? cell.real
-                                                                                : text().toDouble()));
-    case ColumnKind::Int16:
-    case ColumnKind::Int32:
-        return int(type == SQLITE_INTEGER ? cell.integer
-                   : type == SQLITE_FLOAT ? qint64(cell.real)
-                                          : text().toLongLong());
-    case ColumnKind::Double:
-        return type == SQLITE_INTEGER ? double(cell.integer) : type == SQLITE_FLOAT ? cell.real : text().toDouble();
-    case ColumnKind::Date: {
-        const QString t = text();
-        if (const auto d = ParseDateText(t)) return *d;
-        return t;
-    }
-    case ColumnKind::Other:
-        break;
-    }
-    switch (type) {
-    case SQLITE_INTEGER:
-        if (cell.integer >= INT_MIN && cell.integer <= INT_MAX) return int(cell.integer);
-        return cell.integer;
-    case SQLITE_FLOAT:
-        return cell.real;
-    case SQLITE_BLOB:
-        return QByteArray(bytes, cell.bytes);
-    default:
-        return text();
-    }
-}
-
-Recordset::Cell Recordset::PeekCell(sqlite3_stmt* st, int col, const char** bytes) {
-    Cell cell;
-    cell.type = sqlite3_column_type(st, col);
-    switch (cell.type) {
-    case SQLITE_INTEGER:
-        cell.integer = sqlite3_column_int64(st, col);
-        break;
-    case SQLITE_FLOAT:
-        cell.real = sqlite3_column_double(st, col);
-        break;
-    case SQLITE_NULL:
-        break;
-    default:
-        *bytes = cell.type == SQLITE_BLOB ? static_cast<const char*>(sqlite3_column_blob(st, col))
-                                          : reinterpret_cast<const char*>(sqlite3_column_text(st, col));
-        cell.bytes = sqlite3_column_bytes(st, col);
-    }
-    return cell;
-}
-
-Recordset::Cell Recordset::ReadCell(sqlite3_stmt* st, int col, QByteArray* raw) {
-    const char* bytes = nullptr;
-    Cell cell = PeekCell(st, col, &bytes);
-    if (bytes) {
-        cell.offset = int(raw->size());
-        raw->append(bytes, cell.bytes);
-    }
-    return cell;
-}
-
-QVariant Recordset::ReadValue(sqlite3_stmt* st, int col, ColumnKind kind) const {
-    // Decoded straight from the statement's own buffer: no copy to keep.
-    const char* bytes = nullptr;
-    const Cell cell = PeekCell(st, col, &bytes);
-    return CellValue(cell, bytes, kind);
-}
-
 QVariant Recordset::RowValue(const Row& row, int col) const {
     if (!row.values.empty()) return row.values[col];
-    if (row.keyOnly) return KeyedValue(const_cast<Row&>(row), col);
-    const Cell& cell = row.cells[col];
-    return CellValue(cell, row.raw.constData() + cell.offset, columns_[col].kind);
+    if (row.keyOnly) {
+        // The walk's own rows look at their place in a column pass first.
+        const Row* rows = s_.rows.data();
+        const size_t position = &row >= rows && &row < rows + s_.rows.size() ? size_t(&row - rows) : SIZE_MAX;
+        if (const QVariant* v = s_.keyed.Cached(position, row.rowid, col)) return *v;
+        Row& loaded = const_cast<Row&>(row);
+        LoadRow(loaded);
+        return loaded.values[col];
+    }
+    const SqliteCell& cell = row.cells[col];
+    return cell.Value(row.raw.constData() + cell.offset, s_.columns[col].kind);
 }
 
 void Recordset::Materialize(Row& row) const {
@@ -424,119 +352,88 @@ void Recordset::Materialize(Row& row) const {
         return;
     }
     std::vector<QVariant> values;
-    values.reserve(columns_.size());
-    for (size_t i = 0; i < columns_.size(); ++i) values.push_back(RowValue(row, int(i)));
+    values.reserve(s_.columns.size());
+    for (size_t i = 0; i < s_.columns.size(); ++i) values.push_back(RowValue(row, int(i)));
     row.values = std::move(values);
     row.cells.clear();
     row.raw.clear();
 }
 
 bool Recordset::FetchOne() const {
-    while (stmt_ && !done_) {
-        const int rc = sqlite3_step(stmt_);
+    while (s_.stmt && !s_.done) {
+        const int rc = sqlite3_step(s_.stmt);
         if (rc == SQLITE_DONE) {
-            done_ = true;
-            sqlite3_finalize(stmt_);
-            stmt_ = nullptr;
+            s_.done = true;
+            sqlite3_finalize(s_.stmt);
+            s_.stmt = nullptr;
             return false;
         }
         if (rc != SQLITE_ROW) {
-            const QString why = QString::fromUtf8(sqlite3_errmsg(db_->Handle()));
-            done_ = true;
-            sqlite3_finalize(stmt_);
-            stmt_ = nullptr;
+            const QString why = QString::fromUtf8(sqlite3_errmsg(s_.db->Handle()));
+            s_.done = true;
+            sqlite3_finalize(s_.stmt);
+            s_.stmt = nullptr;
             throw DbError(why);
         }
         Row row;
         int first = 0;
-        if (hasRowid_) {
-            row.rowid = sqlite3_column_int64(stmt_, 0);
+        if (s_.hasRowid) {
+            row.rowid = sqlite3_column_int64(s_.stmt, 0);
             first = 1;
             // Writes made while this cursor is half read may surface again in
             // the statement; this cursor already holds them, or never saw them.
-            if (row.rowid > maxRowidAtOpen_) continue;
-            if (anyWrites_) {
-                if (ownRowids_.contains(row.rowid)) continue;
-                ownRowids_.insert(row.rowid);
+            if (row.rowid > s_.maxRowidAtOpen) continue;
+            if (s_.anyWrites) {
+                if (s_.ownRowids.contains(row.rowid)) continue;
+                s_.ownRowids.insert(row.rowid);
             }
         }
-        if (keyed_) {
+        if (s_.keyed.Active()) {
             row.keyOnly = true;
-            rows_.push_back(std::move(row));
+            s_.rows.push_back(std::move(row));
             return true;
         }
-        row.cells.reserve(columns_.size());
-        for (size_t i = 0; i < columns_.size(); ++i) row.cells.push_back(ReadCell(stmt_, int(i) + first, &row.raw));
-        rows_.push_back(std::move(row));
+        row.cells.reserve(s_.columns.size());
+        for (size_t i = 0; i < s_.columns.size(); ++i)
+            row.cells.push_back(SqliteCell::Copy(s_.stmt, int(i) + first, &row.raw));
+        s_.rows.push_back(std::move(row));
         return true;
     }
     return false;
 }
 
-QVariant Recordset::KeyedValue(Row& row, int col) const {
-    ColumnCache& cache = cache_[col];
-    if (!cache.loaded && ++rowLoads_ > kKeyedRowsBeforeBulk && reads_[col] >= kKeyedHotReads) LoadHotColumns(col);
-    if (cache.loaded) {
-        const size_t position = &row >= rows_.data() && &row < rows_.data() + rows_.size() ? size_t(&row - rows_.data())
-                                                                                         : cache.rowids.size();
-        if (const QVariant* v = cache.Find(position, row.rowid)) return *v;
-    }
-    LoadRow(row);
-    return row.values[col];
-}
-
-const QVariant* Recordset::ColumnCache::Find(size_t position, qint64 rowid) {
-    if (position < rowids.size() && rowids[position] == rowid) return &values[position];
-    if (byRowid.empty() && !rowids.empty()) {
-        byRowid.resize(rowids.size());
-        for (size_t i = 0; i < rowids.size(); ++i) byRowid[i] = int(i);
-        std::sort(byRowid.begin(), byRowid.end(), [this](int a, int b) { return rowids[a] < rowids[b]; });
-    }
-    const auto it = std::lower_bound(byRowid.begin(), byRowid.end(), rowid,
-                                     [this](int i, qint64 key) { return rowids[i] < key; });
-    if (it == byRowid.end() || rowids[*it] != rowid) return nullptr;
-    return &values[*it];
-}
-
-// The whole row from the base table; a row deleted meanwhile reads as empty.
-void Recordset::LoadRow(Row& row) const {
+// The row's columns of the base table read again by its key; a row deleted
+// meanwhile keeps what it had.
+void Recordset::ReadBaseRow(Row& row) const {
     QStringList cols;
-    for (const Column& c : columns_) cols << Quoted(c.origin);
-    sqlite3_stmt* st = db_->CachedStatement(
-        QStringLiteral("SELECT %1 FROM %2 WHERE _rowid_=?").arg(cols.join(QLatin1Char(',')), Quoted(table_)));
+    std::vector<int> map;
+    for (size_t i = 0; i < s_.columns.size(); ++i) {
+        if (s_.columns[i].origin.isEmpty()) continue;
+        cols << Database::QuoteName(s_.columns[i].origin);
+        map.push_back(int(i));
+    }
+    if (cols.isEmpty()) return;
+    sqlite3_stmt* st = s_.db->CachedStatement(QStringLiteral("SELECT %1 FROM %2 WHERE _rowid_=?")
+                                                  .arg(cols.join(QLatin1Char(',')), Database::QuoteName(s_.table)));
     sqlite3_bind_int64(st, 1, row.rowid);
-    row.values.assign(columns_.size(), QVariant());
     if (sqlite3_step(st) == SQLITE_ROW) {
-        for (size_t i = 0; i < columns_.size(); ++i) row.values[i] = ReadValue(st, int(i), columns_[i].kind);
+        for (size_t k = 0; k < map.size(); ++k)
+            row.values[map[k]] = SqliteCell::Read(st, int(k), s_.columns[map[k]].kind);
     }
     sqlite3_reset(st);
+}
+
+// A row the keyed walk stopped at, whole; deleted meanwhile, it reads as empty.
+void Recordset::LoadRow(Row& row) const {
+    row.values.assign(s_.columns.size(), QVariant());
+    ReadBaseRow(row);
     row.keyOnly = false;
 }
 
-// Every column that loops have been reading, in one pass over the result.
-void Recordset::LoadHotColumns(int col) const {
-    std::vector<int> hot;
-    QStringList names;
-    for (size_t i = 0; i < columns_.size(); ++i) {
-        if (cache_[i].loaded || (int(i) != col && reads_[i] < kKeyedHotReads)) continue;
-        hot.push_back(int(i));
-        names << Quoted(columns_[i].name);
-    }
-    sqlite3_stmt* st = db_->PrepareQuery(QStringLiteral("SELECT %1, %2 FROM (%3)")
-                                             .arg(kRowidAlias, names.join(QLatin1Char(',')), withRowid_) +
-                                         keyOrder_);
-    int rc;
-    while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
-        const qint64 rowid = sqlite3_column_int64(st, 0);
-        for (size_t k = 0; k < hot.size(); ++k) {
-            ColumnCache& cache = cache_[hot[k]];
-            cache.rowids.push_back(rowid);
-            cache.values.push_back(ReadValue(st, int(k) + 1, columns_[hot[k]].kind));
-        }
-    }
-    sqlite3_finalize(st);
-    if (rc != SQLITE_DONE) throw DbError(QString::fromUtf8(sqlite3_errmsg(db_->Handle())));
-    for (int i : hot) cache_[i].loaded = true;
+// Reads the row back so that defaults and the new key show through the cursor.
+void Recordset::ReloadRow(Row& row) {
+    Materialize(row);
+    ReadBaseRow(row);
 }
 
 void Recordset::FetchAll() const {
@@ -545,16 +442,16 @@ void Recordset::FetchAll() const {
 }
 
 void Recordset::SetPosition(At at, int index) const {
-    at_ = at;
-    pos_ = index;
+    s_.at = at;
+    s_.pos = index;
 }
 
 // Moves to the first live base row at or beyond index (step +1) or at or before it
 // (step -1). Returns false when there is none.
 bool Recordset::SeekBaseFrom(int index, int step) const {
     for (int i = index; i >= 0; i += step) {
-        if (i >= int(rows_.size()) && (step < 0 || !FetchOne())) return false;
-        if (i < int(rows_.size()) && !rows_[i].deleted) {
+        if (i >= int(s_.rows.size()) && (step < 0 || !FetchOne())) return false;
+        if (i < int(s_.rows.size()) && !s_.rows[i].deleted) {
             SetPosition(At::Base, i);
             return true;
         }
@@ -563,8 +460,8 @@ bool Recordset::SeekBaseFrom(int index, int step) const {
 }
 
 bool Recordset::SeekAddedFrom(int index, int step) const {
-    for (int i = index; i >= 0 && i < int(added_.size()); i += step) {
-        if (!added_[i].deleted) {
+    for (int i = index; i >= 0 && i < int(s_.added.size()); i += step) {
+        if (!s_.added[i].deleted) {
             SetPosition(At::Added, i);
             return true;
         }
@@ -573,19 +470,19 @@ bool Recordset::SeekAddedFrom(int index, int step) const {
 }
 
 void Recordset::Resolve() const {
-    if (at_ != At::LastPending) return;
+    if (s_.at != At::LastPending) return;
     FetchAll();
-    if (!SeekAddedFrom(int(added_.size()) - 1, -1) && !SeekBaseFrom(int(rows_.size()) - 1, -1))
+    if (!SeekAddedFrom(int(s_.added.size()) - 1, -1) && !SeekBaseFrom(int(s_.rows.size()) - 1, -1))
         SetPosition(At::EOF_, 0);
 }
 
 bool Recordset::HasLiveRow() const {
-    for (const Row& r : added_)
+    for (const Row& r : s_.added)
         if (!r.deleted) return true;
-    for (const Row& r : rows_)
+    for (const Row& r : s_.rows)
         if (!r.deleted) return true;
     FetchAll();
-    for (const Row& r : rows_)
+    for (const Row& r : s_.rows)
         if (!r.deleted) return true;
     return false;
 }
@@ -593,35 +490,36 @@ bool Recordset::HasLiveRow() const {
 bool Recordset::IsBOF() const {
     RequireOpen();
     Resolve();
-    if (at_ == At::BOF) return true;
-    return at_ == At::EOF_ && !HasLiveRow();
+    if (s_.at == At::BOF) return true;
+    return s_.at == At::EOF_ && !HasLiveRow();
 }
 
 bool Recordset::IsEOF() const {
     RequireOpen();
-    if (at_ == At::LastPending && !anyWrites_) return false;
+    if (s_.at == At::LastPending && !s_.anyWrites) return false;
     Resolve();
-    if (at_ == At::EOF_) return true;
-    return at_ == At::BOF && !HasLiveRow();
+    if (s_.at == At::EOF_) return true;
+    return s_.at == At::BOF && !HasLiveRow();
 }
 
 qint32 Recordset::RecordCount() {
     RequireOpen();
-    if (cursorType_ == adOpenForwardOnly) return -1;
+    if (s_.cursorType == adOpenForwardOnly) return -1;
     // A short result is cheaper to read than to count with a second query.
-    for (int i = 0; i < 64 && !done_; ++i) FetchOne();
-    if (!done_ && !anyWrites_) {
-        if (countCache_ < 0) {
-            sqlite3_stmt* st = db_->PrepareQuery(QStringLiteral("SELECT COUNT(*) FROM (") + sql_ + QLatin1Char(')'));
-            if (sqlite3_step(st) == SQLITE_ROW) countCache_ = qint32(sqlite3_column_int64(st, 0));
+    for (int i = 0; i < 64 && !s_.done; ++i) FetchOne();
+    if (!s_.done && !s_.anyWrites) {
+        if (s_.countCache < 0) {
+            sqlite3_stmt* st =
+                s_.db->PrepareQuery(QStringLiteral("SELECT COUNT(*) FROM (") + s_.sql + QLatin1Char(')'));
+            if (sqlite3_step(st) == SQLITE_ROW) s_.countCache = qint32(sqlite3_column_int64(st, 0));
             sqlite3_finalize(st);
         }
-        return countCache_;
+        return s_.countCache;
     }
     FetchAll();
     qint32 n = 0;
-    for (const Row& r : rows_) n += r.deleted ? 0 : 1;
-    for (const Row& r : added_) n += r.deleted ? 0 : 1;
+    for (const Row& r : s_.rows) n += r.deleted ? 0 : 1;
+    for (const Row& r : s_.added) n += r.deleted ? 0 : 1;
     return n;
 }
 
@@ -635,15 +533,15 @@ void Recordset::MoveNext() {
     RequireOpen();
     FlushEdit();
     Resolve();
-    switch (at_) {
+    switch (s_.at) {
     case At::BOF:
         MoveFirst();
         return;
     case At::Base:
-        if (SeekBaseFrom(pos_ + 1, 1) || SeekAddedFrom(0, 1)) return;
+        if (SeekBaseFrom(s_.pos + 1, 1) || SeekAddedFrom(0, 1)) return;
         break;
     case At::Added:
-        if (SeekAddedFrom(pos_ + 1, 1)) return;
+        if (SeekAddedFrom(s_.pos + 1, 1)) return;
         break;
     case At::EOF_:
     case At::LastPending:
@@ -654,25 +552,25 @@ void Recordset::MoveNext() {
 
 void Recordset::MovePrevious() {
     RequireOpen();
-    if (cursorType_ == adOpenForwardOnly) throw DbError(Err::ForwardOnly);
+    if (s_.cursorType == adOpenForwardOnly) throw DbError(Err::ForwardOnly);
     FlushEdit();
     Resolve();
-    switch (at_) {
+    switch (s_.at) {
     case At::BOF:
     case At::LastPending:
         throw RuntimeError(Err::NoCurrentRecord);
     case At::EOF_:
         SetPosition(At::LastPending, 0);
         Resolve();
-        if (at_ == At::EOF_) SetPosition(At::BOF, 0);
+        if (s_.at == At::EOF_) SetPosition(At::BOF, 0);
         return;
     case At::Added:
-        if (SeekAddedFrom(pos_ - 1, -1)) return;
+        if (SeekAddedFrom(s_.pos - 1, -1)) return;
         FetchAll();
-        if (SeekBaseFrom(int(rows_.size()) - 1, -1)) return;
+        if (SeekBaseFrom(int(s_.rows.size()) - 1, -1)) return;
         break;
     case At::Base:
-        if (SeekBaseFrom(pos_ - 1, -1)) return;
+        if (SeekBaseFrom(s_.pos - 1, -1)) return;
         break;
     }
     SetPosition(At::BOF, 0);
@@ -680,7 +578,7 @@ void Recordset::MovePrevious() {
 
 void Recordset::MoveLast() {
     RequireOpen();
-    if (cursorType_ == adOpenForwardOnly) throw DbError(Err::ForwardOnly);
+    if (s_.cursorType == adOpenForwardOnly) throw DbError(Err::ForwardOnly);
     FlushEdit();
     // Left unresolved until something reads the row: adding a row after moving
     // last must not read the whole table.
@@ -691,8 +589,8 @@ void Recordset::MoveLast() {
 Recordset::Row* Recordset::CurrentRow() const {
     Resolve();
     Row* row = nullptr;
-    if (at_ == At::Base) row = &rows_[pos_];
-    else if (at_ == At::Added) row = &added_[pos_];
+    if (s_.at == At::Base) row = &s_.rows[s_.pos];
+    else if (s_.at == At::Added) row = &s_.added[s_.pos];
     if (!row || row->deleted) throw RuntimeError(Err::NoCurrentRecord);
     return row;
 }
@@ -700,47 +598,47 @@ Recordset::Row* Recordset::CurrentRow() const {
 int Recordset::ColumnIndex(const QString& name) const {
     // Loops read the same few names row after row; an exact match with a recent
     // name spares folding its case again.
-    for (const auto& [cached, col] : recent_)
+    for (const auto& [cached, col] : s_.recent)
         if (cached.size() == name.size() && cached == name) return col;
-    const auto it = index_.constFind(name.toLower());
-    if (it == index_.cend()) throw RuntimeError(Err::ItemNotFound);
-    recent_[recentNext_] = {name, *it};
-    recentNext_ = (recentNext_ + 1) % int(recent_.size());
+    const auto it = s_.index.constFind(name.toLower());
+    if (it == s_.index.cend()) throw RuntimeError(Err::ItemNotFound);
+    s_.recent[s_.recentNext] = {name, *it};
+    s_.recentNext = (s_.recentNext + 1) % int(s_.recent.size());
     return *it;
 }
 
 // Rows already read must not surface again once this cursor starts writing.
 void Recordset::NoteWriting() {
-    ++writes_;
-    if (anyWrites_) return;
-    anyWrites_ = true;
-    countCache_ = -1;
-    if (done_) return;
-    for (const Row& r : rows_) ownRowids_.insert(r.rowid);
+    ++s_.writes;
+    if (s_.anyWrites) return;
+    s_.anyWrites = true;
+    s_.countCache = -1;
+    if (s_.done) return;
+    for (const Row& r : s_.rows) s_.ownRowids.insert(r.rowid);
 }
 
 void Recordset::RequireOpen() const {
-    if (!db_) throw RuntimeError(Err::ClosedRecordset);
+    if (!s_.db) throw RuntimeError(Err::ClosedRecordset);
 }
 
 void Recordset::RequireUpdatable() const {
     RequireOpen();
-    if (!updatable_) throw DbError(Err::NotUpdatable);
+    if (!s_.updatable) throw DbError(Err::NotUpdatable);
 }
 
 QString Recordset::FieldName(int i) const {
-    if (i < 0 || i >= int(columns_.size())) throw RuntimeError(Err::ItemNotFound);
-    return columns_[i].name;
+    if (i < 0 || i >= int(s_.columns.size())) throw RuntimeError(Err::ItemNotFound);
+    return s_.columns[i].name;
 }
 
 QVariant Recordset::Field(const QString& name) const {
     RequireOpen();
     const int col = ColumnIndex(name);
-    if (keyed_) ++reads_[col];
-    if (edit_ != Edit::None) {
-        const auto it = pending_.constFind(col);
-        if (it != pending_.cend()) return FromStorage(*it, columns_[col].kind);
-        if (edit_ == Edit::Adding) return {};
+    s_.keyed.NoteRead(col);
+    if (s_.edit != Edit::None) {
+        const auto it = s_.pending.constFind(col);
+        if (it != s_.pending.cend()) return FromStorage(*it, s_.columns[col].kind);
+        if (s_.edit == Edit::Adding) return {};
     }
     return RowValue(*CurrentRow(), col);
 }
@@ -748,112 +646,80 @@ QVariant Recordset::Field(const QString& name) const {
 void Recordset::setField(const QString& name, const QVariant& value) {
     RequireUpdatable();
     const int col = ColumnIndex(name);
-    const Column& c = columns_[col];
+    const ResultColumn& c = s_.columns[col];
     if (c.origin.isEmpty()) throw DbError(Err::NotUpdatable);
-    if (edit_ == Edit::None) {
+    if (s_.edit == Edit::None) {
         CurrentRow();  // editing needs a row to edit
-        edit_ = Edit::Editing;
+        s_.edit = Edit::Editing;
     }
-    pending_.insert(col, ToStorage(value, c.kind, c.length));
+    s_.pending.insert(col, ToStorage(value, c.kind, c.length));
 }
 
 void Recordset::AddNew() {
     RequireUpdatable();
     FlushEdit();
-    edit_ = Edit::Adding;
-    pending_.clear();
+    s_.edit = Edit::Adding;
+    s_.pending.clear();
 }
 
 void Recordset::CancelUpdate() {
-    edit_ = Edit::None;
-    pending_.clear();
+    s_.edit = Edit::None;
+    s_.pending.clear();
 }
 
 void Recordset::FlushEdit() {
-    if (edit_ != Edit::None) Update();
+    if (s_.edit != Edit::None) Update();
 }
 
 void Recordset::Update() {
     RequireUpdatable();
-    if (edit_ == Edit::None) return;
+    if (s_.edit == Edit::None) return;
+    const QString table = Database::QuoteName(s_.table);
     QStringList names;
     QList<QVariant> values;
-    for (auto it = pending_.cbegin(); it != pending_.cend(); ++it) {
-        names << Quoted(columns_[it.key()].origin);
+    for (auto it = s_.pending.cbegin(); it != s_.pending.cend(); ++it) {
+        names << Database::QuoteName(s_.columns[it.key()].origin);
         values << it.value();
     }
     NoteWriting();
-    if (edit_ == Edit::Adding) {
-        QString sql;
+    if (s_.edit == Edit::Adding) {
         if (names.isEmpty()) {
-            sql = QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(Quoted(table_));
+            Write(*s_.db, QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(table), values);
         } else {
             QStringList marks;
             for (int i = 0; i < names.size(); ++i) marks << QStringLiteral("?");
-            sql = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                      .arg(Quoted(table_), names.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
+            Write(*s_.db,
+                  QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                      .arg(table, names.join(QLatin1Char(',')), marks.join(QLatin1Char(','))),
+                  values);
         }
-        sqlite3_stmt* st = db_->CachedStatement(sql);
-        for (int i = 0; i < values.size(); ++i) Bind(st, i + 1, values[i]);
-        const int rc = sqlite3_step(st);
-        sqlite3_reset(st);
-        if (rc != SQLITE_DONE) db_->ThrowLastError();
         Row row;
-        row.rowid = sqlite3_last_insert_rowid(db_->Handle());
-        row.values.resize(columns_.size());
+        row.rowid = sqlite3_last_insert_rowid(s_.db->Handle());
+        row.values.resize(s_.columns.size());
         ReloadRow(row);
-        ownRowids_.insert(row.rowid);
-        added_.push_back(std::move(row));
-        SetPosition(At::Added, int(added_.size()) - 1);
+        s_.ownRowids.insert(row.rowid);
+        s_.added.push_back(std::move(row));
+        SetPosition(At::Added, int(s_.added.size()) - 1);
     } else {
         Row* row = CurrentRow();
         if (!names.isEmpty()) {
             QStringList sets;
             for (const QString& n : names) sets << n + QStringLiteral("=?");
-            const QString sql = QStringLiteral("UPDATE %1 SET %2 WHERE _rowid_=?").arg(Quoted(table_), sets.join(QLatin1Char(',')));
-            sqlite3_stmt* st = db_->CachedStatement(sql);
-            for (int i = 0; i < values.size(); ++i) Bind(st, i + 1, values[i]);
-            sqlite3_bind_int64(st, int(values.size()) + 1, row->rowid);
-            const int rc = sqlite3_step(st);
-            sqlite3_reset(st);
-            if (rc != SQLITE_DONE) db_->ThrowLastError();
+            values << row->rowid;
+            Write(*s_.db, QStringLiteral("UPDATE %1 SET %2 WHERE _rowid_=?").arg(table, sets.join(QLatin1Char(','))),
+                  values);
             ReloadRow(*row);
         }
     }
-    edit_ = Edit::None;
-    pending_.clear();
-}
-
-// Reads the row back so that defaults and the new key show through the cursor.
-void Recordset::ReloadRow(Row& row) {
-    Materialize(row);
-    QStringList cols;
-    std::vector<int> map;
-    for (size_t i = 0; i < columns_.size(); ++i) {
-        if (columns_[i].origin.isEmpty()) continue;
-        cols << Quoted(columns_[i].origin);
-        map.push_back(int(i));
-    }
-    if (cols.isEmpty()) return;
-    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE _rowid_=?").arg(cols.join(QLatin1Char(',')), Quoted(table_));
-    sqlite3_stmt* st = db_->CachedStatement(sql);
-    sqlite3_bind_int64(st, 1, row.rowid);
-    if (sqlite3_step(st) == SQLITE_ROW) {
-        for (size_t k = 0; k < map.size(); ++k)
-            row.values[map[k]] = ReadValue(st, int(k), columns_[map[k]].kind);
-    }
-    sqlite3_reset(st);
+    s_.edit = Edit::None;
+    s_.pending.clear();
 }
 
 void Recordset::Delete() {
     RequireUpdatable();
     CancelUpdate();
     Row* row = CurrentRow();
-    sqlite3_stmt* st = db_->CachedStatement(QStringLiteral("DELETE FROM %1 WHERE _rowid_=?").arg(Quoted(table_)));
-    sqlite3_bind_int64(st, 1, row->rowid);
-    const int rc = sqlite3_step(st);
-    sqlite3_reset(st);
-    if (rc != SQLITE_DONE) db_->ThrowLastError();
+    Write(*s_.db, QStringLiteral("DELETE FROM %1 WHERE _rowid_=?").arg(Database::QuoteName(s_.table)), {row->rowid});
     NoteWriting();
     row->deleted = true;
 }

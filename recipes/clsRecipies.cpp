@@ -43,13 +43,11 @@ QString MissingRecord() { return Err::NoCurrentRecord; }
 
 clsRecipies::clsRecipies() {
     // A snapshot of every recipe by title; Display walks it to find one.
-    try {
+    Trap(QStringLiteral("Recipe.Class_Initialize"), [&] {
         rs_.FetchByKey(true);
         rs_.Open(QStringLiteral("SELECT * FROM Recipie ORDER BY [Title];"), ConnectionMain(), adOpenKeyset,
                  adLockOptimistic);
-    } catch (const std::exception& e) {
-        ReportError(e, QStringLiteral("Recipe.Class_Initialize"));
-    }
+    });
 }
 
 clsRecipies::~clsRecipies() = default;
