@@ -50,6 +50,17 @@ protected:
         return out;
     }
 
+    // Every row of a flat pane, its cells joined by "|".
+    static QStringList Lines(const QStandardItemModel& model) {
+        QStringList out;
+        for (int r = 0; r < model.rowCount(); ++r) {
+            QStringList cells;
+            for (int c = 0; c < model.columnCount(); ++c) cells << model.item(r, c)->text();
+            out << cells.join('|');
+        }
+        return out;
+    }
+
     static bool Hidden(QTreeView* view, QStandardItem* node) {
         return view->isRowHidden(node->index().row(), node->index().parent());
     }
