@@ -1,87 +1,97 @@
-#include "core/Globals.h"
+// The start of the main window: its boxes, the panes it fills, and what ends it.
 #include "core/clsRegistry.h"
-#include "core/MainPanes.h"
-#include "app/frmMain.h"
 #include "messages/frmReminder.h"
 #include "platform/Database.h"
-#include "platform/Recordset.h"
-#include "support/TestEnv.h"
+#include "support/MainWindowTest.h"
 
 #include <QCalendarWidget>
 #include <QDir>
 #include <QFile>
-#include <sqlite3.h>
 #include <QLabel>
-#include <QStandardItem>
+#include <sqlite3.h>
 
 namespace {
 
-class StartTest : public LarderTest {
+class StartTest : public MainWindowTest {
 protected:
     void AddMessage(const QString& title, const QString& date, int reminderTime, int type = 1) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Messages", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Title", title);
-        rs.setField("Body", "Body of " + title);
-        rs.setField("Date", date);
-        rs.setField("Type", type);
-        rs.setField("ReminderTime", reminderTime);
-        rs.Update();
+        rows::Message(title, "Body of " + title, date, type, reminderTime);
     }
 };
 
-TEST_F(StartTest, StatusTextsAppearInOrderAndTheCaptionCarriesTheVersion) {
+TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabaseAndSaysWhatItLoads) {
+    rows::Recipe("Leek Soup", "Soups,Quick");
+    rows::Add("Manufacturer", {{"Name", "Acme"}});
+    rows::Add("Coupons", {{"Manufacturer", "Acme"}, {"Product", "Oats"}, {"Size", "12 oz"}, {"Quantity", "1"},
+                          {"Expiration", "Never"}});
+    rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", "Milk"}, {"ItemManufacturer", "Any"}, {"IsCurrent", true}});
+    rows::Meal("Friday, Nov 27 2026", {{"Dates", "11/27/2026"}, {"MainCourse", "Leek Soup"}});
+    rows::Add("Product", {{"Name", "Tea"}, {"LastPurchasedDate", "11/20/2026"}});
+    Registry().QuickViewOptions("Coupon::Inventory");
+
     frmMain w;
     w.Form_Load();
+    EXPECT_EQ(ui.count(), 0);
     EXPECT_EQ(w.StartStatusTexts(),
               QStringList({"Loading Messages ...", "Loading QuickStart ...", "Loading Manufacturers/Coupons ...",
                            "Loading Recipes ...", "Loading Shopping List ...", "Loading Meals ...",
                            "Loading Dictionary ...", "Removing old Inventory ...", "Removing old Cost History ..."}));
     EXPECT_TRUE(w.windowTitle().startsWith("Larderkeep  v. "));
     EXPECT_TRUE(Registry().SpellCheckAvailable());
-    EXPECT_EQ(ui.count(), 0);
     EXPECT_EQ(Registry().GetValue("Settings", "InstallDir"), Home());
+
+    EXPECT_EQ(Children(panes.FindByKey(panes.recipes, "Soups")), QStringList({"Leek Soup"}));
+    EXPECT_EQ(Children(panes.FindByKey(panes.recipes, "Quick")), QStringList({"Leek Soup"}));
+    EXPECT_EQ(Children(panes.FindByKey(panes.coupons, "Acme")), QStringList({"1-12 oz Oats"}));
+    EXPECT_TRUE(panes.FindByKey(panes.coupons, "Root")->font().bold());
+    EXPECT_EQ(Cells(panes.currentList, 0), QStringList({"Milk"}));
+    EXPECT_EQ(panes.currentList.columnCount(), 4);
+    EXPECT_NE(panes.FindByKey(panes.meals, "Meal::Friday, Nov 27 2026"), nullptr);
+    EXPECT_TRUE(panes.boldMealDates.contains(QDate(2026, 11, 27)));
+    EXPECT_EQ(w.calMeals->selectedDate(), QDate(2026, 11, 27));
+    EXPECT_EQ(panes.quickStart.rowCount(), 2);
+    EXPECT_EQ(w.StatusPanelCookbook->text(), "Current Cookbook: General");
+    EXPECT_EQ(w.StatusPanelRecipes->text(), "Recipes: 1");
+    EXPECT_EQ(w.StatusPanelInventory->text(), "Inventory: 1 Items");
+    // Every pane but the meal tree has its header.
+    QStringList captions;
+    for (QLabel* header : w.headers) captions << header->text();
+    captions.sort();
+    EXPECT_EQ(captions, QStringList({" Coupons", " Current Shopping List", " Meal Calendar", " Message Center",
+                                     " Quick Start Menu", " Recipes"}));
 }
 
-TEST_F(StartTest, BackupReminderComesAfterSevenWholeDays) {
+TEST_F(StartTest, TheBackupReminderSpeaksAfterSevenWholeDaysOrWhenThereWasNone) {
     Registry().BackupReminder(true);
-    Registry().LastBackup("11/15/2026");  // exactly 7 days before the pinned today
-    {
+    const QString old = "Notice: Your current backup is older than 7 days. It is recommended that you backup your "
+                        "database regularly. Do you want to run a backup now?";
+    // Exactly seven days before the pinned today is not too old yet.
+    const std::tuple<QString, QString, int> cases[] = {
+        {"11/15/2026", "", 0},
+        {"Never", "No Backup: The database has never been Backed up.", Box::Exclamation},
+        {"11/14/2026", old, 292 + 16384}};
+    for (const auto& [last, box, buttons] : cases) {
+        SCOPED_TRACE(last.toStdString());
+        Registry().LastBackup(last);
+        ui.clear();
+        if (!box.isEmpty()) ui.answer(buttons == Box::Exclamation ? Answer::OK : Answer::No);
         frmMain w;
         w.Form_Load();
-        EXPECT_EQ(ui.count(), 0);
+        ASSERT_EQ(ui.count(), box.isEmpty() ? 0 : 1);
+        if (box.isEmpty()) continue;
+        EXPECT_EQ(LastBox(), box);
+        EXPECT_EQ(ui.lastBox().buttons, buttons);
     }
-    Registry().LastBackup("11/14/2026");
-    ui.answer(Answer::No);
-    frmMain w;
-    w.Form_Load();
-    ASSERT_EQ(ui.count(), 1);
-    const auto& box = ui.lastBox();
-    EXPECT_EQ(box.prompt, "Your current backup is older than 7 days. It is recommended that you backup your database "
-                          "regularly. Do you want to run a backup now?");
-    EXPECT_EQ(box.title, "Notice");
-    EXPECT_EQ(box.buttons, 292 + 16384);
-    EXPECT_EQ(box.context, 1091);
-    EXPECT_EQ(box.helpFile, Registry().HelpFile());
+    EXPECT_EQ(ui.lastBox().context, 1091);
+    EXPECT_EQ(ui.lastBox().helpFile, Registry().HelpFile());
 
+    // Yes runs no backup yet and says so.
     ui.clear();
     ui.answer(Answer::Yes);
     ui.answer(Answer::OK);
     frmMain again;
     again.Form_Load();
     EXPECT_EQ(ui.prompts().last(), "Add Code!");
-}
-
-TEST_F(StartTest, NeverBackedUpIsSaidOnce) {
-    Registry().BackupReminder(true);
-    ui.answer(Answer::OK);
-    frmMain w;
-    w.Form_Load();
-    ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, "The database has never been Backed up.");
-    EXPECT_EQ(ui.lastBox().title, "No Backup");
-    EXPECT_EQ(ui.lastBox().buttons, 48);
 }
 
 TEST_F(StartTest, CompactAtStartReportsBecauseTheConnectionIsNotOpenYet) {
@@ -93,7 +103,7 @@ TEST_F(StartTest, CompactAtStartReportsBecauseTheConnectionIsNotOpenYet) {
     ASSERT_GE(ui.count(), 1);
     EXPECT_EQ(ui.boxes().first().prompt,
               "Error: Operation is not allowed when the object is closed. (Occurred in DBCompact)");
-    EXPECT_TRUE(ConnectionMain().IsOpen());  // step 7 still opened it
+    EXPECT_TRUE(ConnectionMain().IsOpen());  // the start still opened it afterwards
 }
 
 TEST_F(StartTest, AMissingDatabaseSaysSoOnceAndTheStartEnds) {
@@ -103,9 +113,8 @@ TEST_F(StartTest, AMissingDatabaseSaysSoOnceAndTheStartEnds) {
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.boxes()[0].prompt, "The Larderkeep database is missing, please select 'OK' the close program.");
-    EXPECT_EQ(ui.boxes()[0].title, "Missing Database");
-    EXPECT_EQ(ui.boxes()[0].buttons, 16);
+    EXPECT_EQ(LastBox(), "Missing Database: The Larderkeep database is missing, please select 'OK' the close program.");
+    EXPECT_EQ(ui.lastBox().buttons, Box::Critical);
     EXPECT_FALSE(w.StartStatusTexts().contains("Loading Messages ..."));
     EXPECT_TRUE(w.Ended());
     EXPECT_EQ(w.ExitStatus(), 1);
@@ -190,21 +199,15 @@ TEST_F(StartTest, ADatabaseInUseByAnotherProgramSaysSo) {
 }
 
 TEST_F(StartTest, QuickSearchFileIsKeptOnlyWhenAsked) {
-    auto touch = [&] {
+    for (bool keep : {true, false}) {
         QFile f(HomeFile("qs.dat"));
-        f.open(QIODevice::WriteOnly);
-        f.write("x");
-    };
-    touch();
-    Registry().SaveQuickSearch(true);
-    frmMain keep;
-    keep.Form_Load();
-    EXPECT_TRUE(QFile::exists(HomeFile("qs.dat")));
-
-    Registry().SaveQuickSearch(false);
-    frmMain drop;
-    drop.Form_Load();
-    EXPECT_FALSE(QFile::exists(HomeFile("qs.dat")));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.close();
+        Registry().SaveQuickSearch(keep);
+        frmMain w;
+        w.Form_Load();
+        EXPECT_EQ(QFile::exists(HomeFile("qs.dat")), keep);
+    }
 }
 
 TEST_F(StartTest, AMissingDictionaryTurnsSpellCheckOff) {
@@ -213,9 +216,8 @@ TEST_F(StartTest, AMissingDictionaryTurnsSpellCheckOff) {
     frmMain w;
     w.Form_Load();
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, "SpellCheck dictionary was not found, this option will not be available");
-    EXPECT_EQ(ui.lastBox().title, "Missing Dictionary");
-    EXPECT_EQ(ui.lastBox().buttons, 48);
+    EXPECT_EQ(LastBox(), "Missing Dictionary: SpellCheck dictionary was not found, this option will not be available");
+    EXPECT_EQ(ui.lastBox().buttons, Box::Exclamation);
     EXPECT_FALSE(Registry().SpellCheckAvailable());
 }
 
@@ -245,7 +247,6 @@ TEST_F(StartTest, OverdueRemindersHoldTheProgramOpenUntilDealtWith) {
     w.Form_Load();
     // The start showed what had fallen due; the exit check comes on top.
     const int atStart = int(ui.modeless().size());
-
     w.mnuExit();
     EXPECT_FALSE(w.Ended());
     ASSERT_EQ(ui.modeless().size(), atStart + 1);
@@ -255,11 +256,7 @@ TEST_F(StartTest, OverdueRemindersHoldTheProgramOpenUntilDealtWith) {
     EXPECT_EQ(reminder->windowTitle(), "Reminder Call the plumber");
 
     // The reminder is dealt with (ignored); the second close ends the program.
-    Recordset rs;
-    rs.Open("SELECT * FROM Messages WHERE [Title] = 'Call the plumber'", ConnectionMain(), adOpenKeyset, adLockOptimistic);
-    rs.setField("ReminderTime", 4);
-    rs.Update();
-    rs.Close();
+    rows::Set("SELECT * FROM Messages WHERE [Title] = 'Call the plumber'", "ReminderTime", 4);
     w.mnuExit();
     EXPECT_TRUE(w.Ended());
 }
@@ -273,62 +270,6 @@ TEST_F(StartTest, AReminderWithADamagedDateNeverHoldsTheExit) {
     EXPECT_TRUE(w.Ended());
     EXPECT_TRUE(ui.prompts().filter("Type mismatch").isEmpty());
     EXPECT_FALSE(ConnectionMain().IsOpen());
-}
-
-TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabase) {
-    auto add = [](const QString& table, const QVariantMap& values) {
-        Recordset rs;
-        rs.Open("SELECT * FROM " + table, ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        for (auto it = values.begin(); it != values.end(); ++it) rs.setField(it.key(), it.value());
-        rs.Update();
-    };
-    add("Recipie", {{"Title", "Leek Soup"}, {"Style", "Soups,Quick"}, {"CookbookName", "General"}});
-    add("Manufacturer", {{"Name", "Acme"}});
-    add("Coupons", {{"Manufacturer", "Acme"}, {"Product", "Oats"}, {"Size", "12 oz"}, {"Quantity", "1"},
-                    {"Expiration", "Never"}});
-    add("ShopList", {{"Name", "Weekly"}, {"ItemName", "Milk"}, {"ItemManufacturer", "Any"}, {"IsCurrent", true}});
-    add("Meal", {{"Name", "Friday, Nov 27 2026"}, {"Meal", "Dinner"}, {"Dates", "11/27/2026"},
-                 {"MainCourse", "Leek Soup"}});
-    add("Product", {{"Name", "Tea"}, {"LastPurchasedDate", "11/20/2026"}});
-    Registry().QuickViewOptions("Coupon::Inventory");
-    MainPanes::Instance().ClearAll();
-
-    frmMain w;
-    w.Form_Load();
-    EXPECT_EQ(ui.count(), 0);
-    MainPanes& panes = MainPanes::Instance();
-    QStandardItem* soups = panes.FindByKey(panes.recipes, "Soups");
-    ASSERT_NE(soups, nullptr);
-    EXPECT_EQ(soups->child(0)->text(), "Leek Soup");
-    EXPECT_EQ(panes.FindByKey(panes.recipes, "Quick")->rowCount(), 1);
-    EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme")->child(0)->text(), "1-12 oz Oats");
-    EXPECT_TRUE(panes.FindByKey(panes.coupons, "Root")->font().bold());
-    EXPECT_EQ(panes.currentList.item(0, 0)->text(), "Milk");
-    EXPECT_EQ(panes.currentList.columnCount(), 4);
-    EXPECT_NE(panes.FindByKey(panes.meals, "Meal::Friday, Nov 27 2026"), nullptr);
-    EXPECT_TRUE(panes.boldMealDates.contains(QDate(2026, 11, 27)));
-    EXPECT_EQ(w.calMeals->selectedDate(), QDate(2026, 11, 27));
-    EXPECT_EQ(panes.quickStart.rowCount(), 2);
-    EXPECT_EQ(w.StatusPanelCookbook->text(), "Current Cookbook: General");
-    EXPECT_EQ(w.StatusPanelRecipes->text(), "Recipes: 1");
-    EXPECT_EQ(w.StatusPanelInventory->text(), "Inventory: 1 Items");
-    // Every pane but the meal tree has its header.
-    QStringList captions;
-    for (QLabel* header : w.headers) captions << header->text();
-    captions.sort();
-    EXPECT_EQ(captions, QStringList({" Coupons", " Current Shopping List", " Meal Calendar", " Message Center",
-                                     " Quick Start Menu", " Recipes"}));
-    MainPanes::Instance().ClearAll();
-}
-
-TEST_F(StartTest, UnmappedToolbarKeysSayComingSoon) {
-    frmMain w;
-    ui.answer(Answer::OK);
-    w.tbMain_ButtonClick("Calculator");
-    ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, "This feature will be added soon, please use the Menus.");
-    EXPECT_EQ(ui.lastBox().title, "Coming Soon");
 }
 
 }  // namespace

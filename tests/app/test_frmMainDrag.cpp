@@ -1,72 +1,30 @@
 // Recipes dragged out of the recipe tree: the rules of each target, the boxes
 // through the scripted service, the results in the database and the panes.
-#include "core/Globals.h"
-#include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
-#include "platform/Database.h"
-#include "platform/Recordset.h"
-#include "support/TestEnv.h"
+#include "support/MainWindowTest.h"
 
-#include <QCalendarWidget>
 #include <QCoreApplication>
 #include <QScrollBar>
-#include <QTableView>
 #include <QTimer>
-#include <QTreeView>
 
 namespace {
 
-class DragTest : public LarderTest {
-protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        MainPanes::Instance().ClearAll();
-        AddRecipe("Leek Soup", "Soup");
-        AddRecipe("Apple Pie", "Pies");
-    }
-    void TearDown() override {
-        MainPanes::Instance().ClearAll();
-        LarderTest::TearDown();
-    }
-    void AddRecipe(const QString& title, const QString& style) {
-        Recordset rs;
-        rs.Open("SELECT * FROM Recipie", ConnectionMain(), adOpenStatic, adLockOptimistic);
-        rs.AddNew();
-        rs.setField("Title", title);
-        rs.setField("Style", style);
-        rs.setField("CookbookName", "General");
-        rs.setField("TimesUsed", 0);
-        rs.Update();
-    }
-    int Rows(const QString& sql) {
-        Recordset rs;
-        rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        return rs.RecordCount();
-    }
-    QVariant Value(const QString& sql, const QString& column) {
-        Recordset rs;
-        rs.Open(sql, ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        return rs.IsEOF() ? QVariant() : rs.Field(column);
-    }
+using DragTest = MainWindowTest;
 
-    MainPanes& panes = MainPanes::Instance();
-};
+int TimesUsed(const QString& title) { return rows::Field("Recipie", "Title", title, "TimesUsed").toInt(); }
 
-TEST_F(DragTest, ADayBeforeTodayIsRefusedAndNothingChanges) {
+TEST_F(DragTest, ACalendarDayBeforeTodayIsRefusedAndAFreeDayGetsTheRecipeAsAMeal) {
     frmMain w;
+    LoadRecipes(w);
     ui.answer(Answer::OK);
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 21));
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().prompt, "This date is before today and cannot be added, Please reselect.");
-    EXPECT_EQ(ui.lastBox().title, "Select Again");
-    EXPECT_EQ(Rows("SELECT * FROM Meal"), 0);
+    EXPECT_EQ(LastBox(), "Select Again: This date is before today and cannot be added, Please reselect.");
+    EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 0);
     EXPECT_TRUE(panes.boldMealDates.isEmpty());
-    EXPECT_EQ(Value("SELECT [TimesUsed] FROM Recipie WHERE [Title] = 'Leek Soup'", "TimesUsed").toInt(), 0);
-}
+    EXPECT_EQ(TimesUsed("Leek Soup"), 0);
 
-TEST_F(DragTest, AFreeDayGetsTheRecipeAsAMealAndTheListQuestionFollows) {
-    frmMain w;
+    ui.clear();
     ui.answer(Answer::Yes);  // add the meal
     ui.answer(Answer::No);   // not to the list
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 22));  // today is allowed
@@ -74,70 +32,59 @@ TEST_F(DragTest, AFreeDayGetsTheRecipeAsAMealAndTheListQuestionFollows) {
     EXPECT_EQ(ui.boxes()[0].prompt, "Do you wish to add Leek Soup as a meal on Sunday, Nov 22 2026 ?");
     EXPECT_EQ(ui.boxes()[0].title, "Add Meal?");
     EXPECT_EQ(ui.boxes()[0].buttons, Box::YesNo + Box::Question);
-    EXPECT_EQ(ui.boxes()[1].prompt, "Do you wish to add Leek Soup to the current shopping list?");
-    EXPECT_EQ(ui.boxes()[1].title, "Add to Shoppinglist");
-
-    EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
-    EXPECT_EQ(Value("SELECT * FROM Meal", "Name").toString(), "Sunday, Nov 22 2026");
-    EXPECT_EQ(Value("SELECT * FROM Meal", "MainCourse").toString(), "Leek Soup");
-    EXPECT_EQ(Rows("SELECT * FROM Meal WHERE [Dates] = #11/22/2026#"), 1);
+    EXPECT_EQ(LastBox(), "Add to Shoppinglist: Do you wish to add Leek Soup to the current shopping list?");
+    EXPECT_EQ(rows::Joined("SELECT * FROM Meal", {"Name", "MainCourse"}),
+              QStringList({"Sunday, Nov 22 2026|Leek Soup"}));
+    EXPECT_EQ(rows::Count("SELECT * FROM Meal WHERE [Dates] = #11/22/2026#"), 1);
     EXPECT_TRUE(panes.boldMealDates.contains(QDate(2026, 11, 22)));
-    EXPECT_EQ(Value("SELECT [TimesUsed] FROM Recipie WHERE [Title] = 'Leek Soup'", "TimesUsed").toInt(), 1);
-    QStandardItem* meal = panes.FindByKey(panes.meals, "Meal::Sunday, Nov 22 2026");
-    ASSERT_NE(meal, nullptr);
-    ASSERT_EQ(meal->rowCount(), 1);
-    EXPECT_EQ(meal->child(0)->text(), "Leek Soup");
+    EXPECT_EQ(TimesUsed("Leek Soup"), 1);
+    EXPECT_EQ(Children(panes.FindByKey(panes.meals, "Meal::Sunday, Nov 22 2026")), QStringList({"Leek Soup"}));
 
     // The same day again: the day keeps its one meal.
     ui.answer(Answer::Yes);
     ui.answer(Answer::No);
     w.calMeals_DragDrop("Apple Pie", QDate(2026, 11, 22));
-    EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 1);
 
     // No to the meal ends it there.
     ui.clear();
     ui.answer(Answer::No);
     w.calMeals_DragDrop("Apple Pie", QDate(2026, 12, 1));
     EXPECT_EQ(ui.count(), 1);
-    EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
-}
+    EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 1);
 
-TEST_F(DragTest, YesToTheListAfterACalendarDropReachesListGeneration) {
-    frmMain w;
+    // Yes to the list reaches list generation, which is not there yet and says so.
     Registry().CurrentShoppingList("Weekly");
+    ui.clear();
     ui.answer(Answer::Yes);
     ui.answer(Answer::Yes);
-    ui.answer(Answer::OK);  // generation is not there yet and says so
+    ui.answer(Answer::OK);
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 30));
     ASSERT_EQ(ui.count(), 3);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
-    EXPECT_EQ(Rows("SELECT * FROM Meal"), 1);
+    EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 2);
 }
 
 TEST_F(DragTest, OnlyACategoryTakesARecipe) {
     frmMain w;
-    CurrentCookbook = "General";
-    w.LoadRecipies();
+    LoadRecipes(w);
     QStandardItem* soup = panes.FindByKey(panes.recipes, "Soup");
-    QStandardItem* pies = panes.FindByKey(panes.recipes, "Pies");
     ASSERT_NE(soup, nullptr);
-    ASSERT_NE(pies, nullptr);
 
     ui.answer(Answer::OK);
     w.tvRecipes_DragDrop("Apple Pie", soup->child(0));
-    EXPECT_EQ(ui.lastBox().prompt, "A Recipe can only be added to a Category.");
-    EXPECT_EQ(ui.lastBox().title, "Cannot Do");
+    EXPECT_EQ(LastBox(), "Cannot Do: A Recipe can only be added to a Category.");
 
     ui.answer(Answer::No);
     w.tvRecipes_DragDrop("Apple Pie", soup);
-    EXPECT_EQ(ui.lastBox().prompt, "Add Apple Pie to the Soup?");
-    EXPECT_EQ(ui.lastBox().title, "Add Category");
-    EXPECT_EQ(soup->rowCount(), 1);
+    EXPECT_EQ(LastBox(), "Add Category: Add Apple Pie to the Soup?");
+    EXPECT_EQ(soup->rowCount(), 2);
 
     ui.answer(Answer::Yes);
     w.tvRecipes_DragDrop("Apple Pie", soup);
-    EXPECT_EQ(Value("SELECT [Style] FROM Recipie WHERE [Title] = 'Apple Pie'", "Style").toString(), "Pies,Soup");
-    EXPECT_EQ(soup->rowCount(), 2);
+    EXPECT_EQ(rows::Field("Recipie", "Title", "Apple Pie", "Style").toString(), "Dessert,Soup");
+    EXPECT_EQ(soup->rowCount(), 3);
+    EXPECT_NE(RecipeNode("Soup", "Apple Pie"), nullptr);
 
     // The root is no category: nothing is asked.
     const int boxes = ui.count();
@@ -147,6 +94,7 @@ TEST_F(DragTest, OnlyACategoryTakesARecipe) {
 
 TEST_F(DragTest, ADropOnTheListAsksAboutTheDefaultListUnlessToldNotTo) {
     frmMain w;
+    LoadRecipes(w);
     Registry().CurrentShoppingList("Weekly");
     ui.answer(Answer::No);
     w.lvCurrentList_DragDrop("Leek Soup");
@@ -160,18 +108,16 @@ TEST_F(DragTest, ADropOnTheListAsksAboutTheDefaultListUnlessToldNotTo) {
     w.lvCurrentList_DragDrop("Leek Soup");
     EXPECT_EQ(ui.count(), 2);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
-    EXPECT_EQ(Value("SELECT [TimesUsed] FROM Recipie WHERE [Title] = 'Leek Soup'", "TimesUsed").toInt(), 0);
+    EXPECT_EQ(TimesUsed("Leek Soup"), 0);
 }
 
 TEST_F(DragTest, TheTreeScrollsWhileTheDragIsNearItsEdge) {
-    // Enough recipes to scroll.
-    for (int i = 0; i < 80; ++i) AddRecipe(QString("Recipe %1").arg(i, 2, 10, QChar('0')), "Soup");
+    for (int i = 0; i < 80; ++i) rows::Recipe(QString("Recipe %1").arg(i, 2, 10, QChar('0')), "Soup");
     frmMain w;
     w.resize(1000, 700);
     w.show();
-    CurrentCookbook = "General";
     Registry().ExpandRecipeList(true);
-    w.LoadRecipies();
+    LoadRecipes(w);
     QCoreApplication::processEvents();
     QScrollBar* bar = w.tvRecipes->verticalScrollBar();
     ASSERT_GT(bar->maximum(), 0);
