@@ -63,7 +63,8 @@ struct Item {
 // yet stay visible but disabled, so the menus already read as they will.
 const std::vector<Item>& MenuTable() {
     static const std::vector<Item> table = {
-        {"mnuFile", "&File",
+        {"mnuFile",
+         "&File",
          {{"mnuNewItem", "New .."},
           {"mnuOpenCookbook", "Open/New Cookbook"},
           {"mnuCloseCookbook", "Close Cookbook"},
@@ -72,7 +73,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuReprintLastReport", "Reprint last Report"},
           {"-", ""},
           {"mnuExit", "Exit"}}},
-        {"mnuCoupons", "&Coupons",
+        {"mnuCoupons",
+         "&Coupons",
          {{"mnuEnterCoupon", "Enter Coupons"},
           {"mnuViewAllCoupons", "View All Coupons"},
           {"mnuDelivery", "Delivery Coupons"},
@@ -81,7 +83,8 @@ const std::vector<Item>& MenuTable() {
           {"-", ""},
           {"mnuPurgeCoupons", "Purge Expired Coupons"},
           {"mnuPrintCouponList", "Print Coupon List"}}},
-        {"mnuProductS", "&Products",
+        {"mnuProductS",
+         "&Products",
          {{"mnuEnterProduct", "Enter Product"},
           {"mnuEditProduct", "Edit Product"},
           {"mnuEditProductDetail", "Edit Product Detail"},
@@ -99,7 +102,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuProductSpendingReport", "Spending Analysis"},
           {"mnuProductSpendingHistory", "Spending History"},
           {"mnuProductCostHistory", "Item Cost History"}}},
-        {"mnuCookbooks", "Coo&kbooks",
+        {"mnuCookbooks",
+         "Coo&kbooks",
          {{"mnuNewCookbook", "New Cookbook"},
           {"mnuAllCookbooks", "All Cookbooks"},
           {"mnuMoveRecipies", "Move Recipes"},
@@ -107,7 +111,8 @@ const std::vector<Item>& MenuTable() {
           {"-", ""},
           {"mnuPrintEntireCookbook", "Print Entire Cookbook"},
           {"mnuPrintCookbookRecipeList", "Print Cookbook Recipe List"}}},
-        {"mnuRecipies", "&Recipes",
+        {"mnuRecipies",
+         "&Recipes",
          {{"mnuEnterRecipies", "Enter Recipes"},
           {"mnuViewRecipies", "View Recipes"},
           {"mnuRemoveErrors", "Remove Errors"},
@@ -115,17 +120,20 @@ const std::vector<Item>& MenuTable() {
           {"mnuEditRecipeCookbook", "Change Recipe Cookbook"},
           {"mnuRecStyles", "Recipe Categories"},
           {"mnuCourseMapping", "Course Mapping"},
-          {"mnuRecipeMeasurements", "Measurements",
+          {"mnuRecipeMeasurements",
+           "Measurements",
            {{"mnuEditMeasureAbbreviations", "Abbreviations"},
             {"mnuEditConversionConstants", "Conversion Constants"},
             {"mnuConvertmeasurements", "Convert Measurements"}}},
           {"-", ""},
-          {"mnuFindRecipe", "Find Recipe",
+          {"mnuFindRecipe",
+           "Find Recipe",
            {{"mnuPOPSearchCurrentCookbook", "Search Current Cookbook"},
             {"mnuPOPRecipeAdvancedSearch", "Advanced Search"},
             {"mnuSearchRecipeCenter", "Search Recipe Center"},
             {"mnuBrowseRecipePhoto", "Browse Recipe Photos"}}},
-          {"mnuSuggetRecipes", "Suggest Recipes",
+          {"mnuSuggetRecipes",
+           "Suggest Recipes",
            {{"mnuSuggestUsingInventory", "Using Inventory"}, {"mnuSuggetARecipe", "Suggest a Recipe"}}},
           {"mnuCrossRecWithCoupons", "Cross Recipes with Coupons"},
           {"-", ""},
@@ -135,7 +143,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuExportRecipies", "Export Recipes"},
           {"mnuIngredientSubstitutions", "Ingredient Substitutions"},
           {"mnuBartendersGuide", "Bartender's Guide"}}},
-        {"mnuMeals", "&Meals",
+        {"mnuMeals",
+         "&Meals",
          {{"mnuViewMeals", "View Meals"},
           {"mnuNewMeal", "New Meal"},
           {"mnuViewRecipePrefs", "Recipe Preferences"},
@@ -143,7 +152,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuExportToCalendarInOutlook", "Export to Calendar"},
           {"mnuPurgeExpiredMeals", "Purge Expired Meals"},
           {"mnuMealCategories", "Meal Categories"}}},
-        {"mnuShoppingList", "&Lists",
+        {"mnuShoppingList",
+         "&Lists",
          {{"mnuGenerateList", "Generate List"},
           {"mnuRecurringLists", "Recurring Lists"},
           {"mnuViewCurrent", "View Current List"},
@@ -164,7 +174,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuSynchList", "Snych Shopping List"},
           {"mnuImportShoppingList", "Import Shopping List"},
           {"mnuEnterListData", "Enter List Data"}}},
-        {"mnuStores", "&Stores",
+        {"mnuStores",
+         "&Stores",
          {{"mnuAddNewStore", "Add New Store"},
           {"mnuSetupStoreIsles", "Setup Store Isles"},
           {"mnuImportStoreMap", "Import Store Map"},
@@ -172,7 +183,8 @@ const std::vector<Item>& MenuTable() {
           {"mnuDisplayAllStores", "Display All Stores"},
           {"mnuEnterItemCategories", "Item Categories"},
           {"mnuPrintStoreLayout", "Print Store Layout"}}},
-        {"mnuMessages", "Messa&ge",
+        {"mnuMessages",
+         "Messa&ge",
          {{"mnuMessageDisplay", "Display Message"},
           {"mnuNewMassage", "New Message"},
           {"mnuEditMessage", "Edit Message"},
@@ -181,16 +193,19 @@ const std::vector<Item>& MenuTable() {
           {"-", ""},
           {"mnuPurgeMessages", "Purge Expired Messages"},
           {"mnuExportMessageToOutlook", "Export to Calendar"}}},
-        {"mnuNutrition", "&Nutrition",
+        {"mnuNutrition",
+         "&Nutrition",
          {{"mnuFindItemNutrition", "Find Item Nutrition"},
           {"mnuDisplayNutrition", "Display Nutrition"},
           {"mnuEnterNutritionItem", "Enter Nutrition Item"},
           {"mnuGetItemInformation", "Get Item Information"}}},
-        {"mnuOptions", "&Options",
+        {"mnuOptions",
+         "&Options",
          {{"mnuOptionGeneral", "General Settings"},
           {"mnuSystemDisplay", "System Display"},
           {"mnuPrinterSetup", "Printer Setup"}}},
-        {"mnuHelp", "&Help",
+        {"mnuHelp",
+         "&Help",
          {{"mnuHelpContents", "Contents"},
           {"mnuHelpSearch", "Search for Help On..."},
           {"mnuTipODay", "Tip of the Day"},
@@ -206,7 +221,8 @@ const std::vector<Item>& MenuTable() {
 // The popups, each a menu of its own that never shows in the menu bar.
 const std::vector<Item>& PopupTable() {
     static const std::vector<Item> table = {
-        {"mnuPopupRecipies", "Recipes",
+        {"mnuPopupRecipies",
+         "Recipes",
          {{"mnuPOPDisplayRecipie", "Display Recipe"},
           {"mnuPOPEditRecipie", "Edit Recipe"},
           {"mnuPOPRenameRecipie", "Rename Recipe"},
@@ -228,7 +244,8 @@ const std::vector<Item>& PopupTable() {
           {"mnuFindRecipeCoupon", "Find Coupons for Recipe"},
           {"mnuGetRecipeNutrition", "Nutrition Information"},
           {"mnuRecipeCostInformation", "Cost Information"}}},
-        {"mnuCouponPopup", "Coupons",
+        {"mnuCouponPopup",
+         "Coupons",
          {{"mnuPOPEnterNew", "New Coupon"},
           {"mnuPOPDisplayCoupon", "Display Coupon"},
           {"mnuPOPEditCoupon", "Edit Coupon"},
@@ -241,11 +258,14 @@ const std::vector<Item>& PopupTable() {
           {"-", ""},
           {"mnuPOPLaunchPurge", "Purge Expired Coupons"},
           {"mnuGroupCouponsByCategory", "Group Coupons by Category"}}},
-        {"mnuShopListAndMeals", "List and Meals",
-         {{"mnuSAMCurrentView", "Current View",
+        {"mnuShopListAndMeals",
+         "List and Meals",
+         {{"mnuSAMCurrentView",
+           "Current View",
            {{"mnuSAMShoppingList", "Shopping List"}, {"mnuSAMMealListing", "Meal Listing"}}},
           {"-", ""},
-          {"mnuEditShopList", "Shopping List",
+          {"mnuEditShopList",
+           "Shopping List",
            {{"mnuSAMEditShopList", "Edit List"},
             {"mnuSAMPrintShopList", "Print List"},
             {"mnuSAMDelShopList", "Delete List"}}},
@@ -259,13 +279,20 @@ const std::vector<Item>& PopupTable() {
 // Toolbar keys and the menu command each one runs.
 const QMap<QString, QString>& ToolbarCommands() {
     static const QMap<QString, QString> map = {
-        {"OpenCookbook", "mnuOpenCookbook"},  {"NewCookbook", "mnuNewCookbook"},
-        {"NewRecipe", "mnuEnterRecipies"},    {"CourseMapping", "mnuCourseMapping"},
-        {"RecipePref", "mnuViewRecipePrefs"}, {"NewProduct", "mnuEnterProduct"},
-        {"Inventory", "mnuProductInventory"}, {"NewCoupon", "mnuEnterCoupon"},
-        {"NewMeal", "mnuNewMeal"},            {"NewMessage", "mnuNewMassage"},
-        {"Nutrition", "mnuDisplayNutrition"}, {"Website", "mnuGenerateWebsite"},
-        {"TipODay", "mnuTipODay"},            {"Options", "mnuOptionGeneral"},
+        {"OpenCookbook", "mnuOpenCookbook"},
+        {"NewCookbook", "mnuNewCookbook"},
+        {"NewRecipe", "mnuEnterRecipies"},
+        {"CourseMapping", "mnuCourseMapping"},
+        {"RecipePref", "mnuViewRecipePrefs"},
+        {"NewProduct", "mnuEnterProduct"},
+        {"Inventory", "mnuProductInventory"},
+        {"NewCoupon", "mnuEnterCoupon"},
+        {"NewMeal", "mnuNewMeal"},
+        {"NewMessage", "mnuNewMassage"},
+        {"Nutrition", "mnuDisplayNutrition"},
+        {"Website", "mnuGenerateWebsite"},
+        {"TipODay", "mnuTipODay"},
+        {"Options", "mnuOptionGeneral"},
         {"Help", "mnuHelpContents"},
     };
     return map;
@@ -296,9 +323,9 @@ const QMap<QString, QString>& QuickStartCommands() {
 QLabel* Header(const QString& name, const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
     label->setObjectName(name);
-    label->setStyleSheet(QStringLiteral(
-        "QLabel { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4d7096, stop:1 #3a5878);"
-        " color: white; font-weight: bold; padding: 4px 4px; }"));
+    label->setStyleSheet(
+        QStringLiteral("QLabel { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4d7096, stop:1 #3a5878);"
+                       " color: white; font-weight: bold; padding: 4px 4px; }"));
     return label;
 }
 
@@ -385,9 +412,8 @@ void frmMain::ListenToNotices() {
     ChangeNotices& notices = Notices();
     // A refresh that fails reports here: nothing may leave a notice unfinished.
     auto listen = [this, &notices](auto signal, void (frmMain::*refresh)(), const char* where) {
-        connect(&notices, signal, this, [this, refresh, where] {
-            Trap(QString::fromLatin1(where), [this, refresh] { (this->*refresh)(); });
-        });
+        connect(&notices, signal, this,
+                [this, refresh, where] { Trap(QString::fromLatin1(where), [this, refresh] { (this->*refresh)(); }); });
     };
     listen(&ChangeNotices::LoadRecipies, &frmMain::LoadRecipies, "frmMain.LoadRecipies");
     listen(&ChangeNotices::LoadAllCoupons, &frmMain::LoadAllCoupons, "frmMain.LoadAllCoupons");
@@ -400,9 +426,8 @@ void frmMain::ListenToNotices() {
     connect(&notices, &ChangeNotices::ApplyRecipeFilter, this, [this] {
         if (recipeFilter_ == RecipeFilter::Favorites) ApplyRecipeFilter();
     });
-    connect(&notices, &ChangeNotices::SetCookbookPanel, this, [this](const QString& text) {
-        StatusPanelCookbook->setText(text);
-    });
+    connect(&notices, &ChangeNotices::SetCookbookPanel, this,
+            [this](const QString& text) { StatusPanelCookbook->setText(text); });
     connect(&notices, &ChangeNotices::AddMessage, this, &frmMain::AddMessage);
     connect(&notices, &ChangeNotices::SetMessage, this, &frmMain::SetMessage);
     connect(&notices, &ChangeNotices::ShowNode, this, &frmMain::ShowNode);
@@ -672,8 +697,8 @@ void frmMain::BuildPanes() {
         SetCouponPopup(MainPanes::Instance().coupons.itemFromIndex(index));
         ShowPopup(mnuCouponPopup, tvCoupons, pos);
     });
-    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(lvCurrentList),
-                                    static_cast<QAbstractItemView*>(tvMealList)}) {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(lvCurrentList), static_cast<QAbstractItemView*>(tvMealList)}) {
         connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& pos) {
             const QModelIndex index = view->indexAt(pos);
             if (index.isValid()) view->setCurrentIndex(index);
@@ -692,9 +717,8 @@ void frmMain::BuildPanes() {
         ShowPopup(menus.value(QStringLiteral("mnuMessages"))->menu(), lvMessageCenter, pos);
     });
 
-    connect(lvQuickStart, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
-        lvQuickStart_DblClick(index.data(MainPanes::KeyRole).toString());
-    });
+    connect(lvQuickStart, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& index) { lvQuickStart_DblClick(index.data(MainPanes::KeyRole).toString()); });
     connect(lvMessageCenter, &QAbstractItemView::doubleClicked, this,
             [this] { RunCommand(QStringLiteral("mnuMessageDisplay")); });
     lvMessageCenter->installEventFilter(this);
@@ -864,8 +888,9 @@ void frmMain::mnuReprintLastReport_Click() {
         }
         QFile file(LastReportFile);
         if (!file.open(QIODevice::ReadOnly)) {
-            MsgBox(QStringLiteral("The last report could not be read: %1").arg(QDir::toNativeSeparators(LastReportFile)),
-                   Box::Exclamation, QStringLiteral("Notice"));
+            MsgBox(
+                QStringLiteral("The last report could not be read: %1").arg(QDir::toNativeSeparators(LastReportFile)),
+                Box::Exclamation, QStringLiteral("Notice"));
             return;
         }
         QTextDocument document;
@@ -878,11 +903,11 @@ void frmMain::mnuReprintLastReport_Click() {
 
         if (QPrinterInfo::availablePrinters().isEmpty()) {
             // No printer on this machine: the copy is offered as a PDF.
-            const QString pdf = TheUi().SaveFileName(
-                QStringLiteral("Save the last report as PDF"),
-                QDir::homePath() + QLatin1Char('/') + QFileInfo(LastReportFile).completeBaseName() +
-                    QStringLiteral(".pdf"),
-                QStringLiteral("PDF files (*.pdf)"));
+            const QString pdf =
+                TheUi().SaveFileName(QStringLiteral("Save the last report as PDF"),
+                                     QDir::homePath() + QLatin1Char('/') +
+                                         QFileInfo(LastReportFile).completeBaseName() + QStringLiteral(".pdf"),
+                                     QStringLiteral("PDF files (*.pdf)"));
             if (pdf.isEmpty()) return;
             QPrinter printer(QPrinter::HighResolution);
             printer.setOutputFormat(QPrinter::PdfFormat);
@@ -982,7 +1007,8 @@ void frmMain::SetCouponPopup(QStandardItem* node) {
                           : QStringLiteral("Find Coupons for Manufacturer"));
     for (const char* name : {"mnuRenameManufacturer", "mnuDeleteManufacturer", "mnuPOPShowProducts"})
         menus.value(QString::fromLatin1(name))->setEnabled(isMaker);
-    const bool isCoupon = node && node != maker && node->data(MainPanes::KeyRole).toString().startsWith(QLatin1Char('C'));
+    const bool isCoupon =
+        node && node != maker && node->data(MainPanes::KeyRole).toString().startsWith(QLatin1Char('C'));
     menus.value(QStringLiteral("mnuPOPDeleteCoupon"))->setEnabled(isCoupon);
 }
 
@@ -1002,7 +1028,8 @@ void frmMain::ShowPopup(QMenu* menu, QWidget* view, const QPoint& pos) {
 
 void frmMain::mnuPOPExpandView_Click() {
     recipesExpanded_ = !recipesExpanded_;
-    if (recipesExpanded_) tvRecipes->expandAll();
+    if (recipesExpanded_)
+        tvRecipes->expandAll();
     else {
         tvRecipes->collapseAll();
         // The root stays open so the categories show.
@@ -1049,17 +1076,14 @@ void frmMain::ApplyRecipeFilter() {
             anyShown = anyShown || show;
         }
         bool showCategory = true;
-        if (recipeFilter_ == RecipeFilter::Favorites) showCategory = anyShown;
+        if (recipeFilter_ == RecipeFilter::Favorites)
+            showCategory = anyShown;
         else if (recipeFilter_ == RecipeFilter::Category)
-            showCategory = category->data(MainPanes::KeyRole).toString().compare(filterCategory_, Qt::CaseInsensitive) == 0;
+            showCategory =
+                category->data(MainPanes::KeyRole).toString().compare(filterCategory_, Qt::CaseInsensitive) == 0;
         tvRecipes->setRowHidden(c, rootIndex, !showCategory);
         if (recipeFilter_ != RecipeFilter::All && showCategory) tvRecipes->expand(categoryIndex);
     }
     tvRecipes->expand(rootIndex);
     tvRecipes->setUpdatesEnabled(true);
 }
-
-
-
-
-

@@ -60,8 +60,8 @@ public:
     QLabel* StatusPanelCookbook;
     QLabel* StatusPanelRecipes;
     QLabel* StatusPanelInventory;
-    QTimer* Timer1;        // scrolls the recipe tree while a drag is near its edge
-    QTimer* tmrReminders;  // never started: reminders fall due at start and at exit
+    QTimer* Timer1;                 // scrolls the recipe tree while a drag is near its edge
+    QTimer* tmrReminders;           // never started: reminders fall due at start and at exit
     QMap<QString, QAction*> menus;  // every menu entry, submenu and popup entry by name
     QMenu* mnuPopupRecipies;
     QMenu* mnuCouponPopup;

@@ -2,6 +2,7 @@
 // of the meal calendar, or onto another category. The tree scrolls while the
 // pointer rests near its top or bottom edge, and a collapsed category held
 // under the pointer opens after a moment.
+#include "app/frmMain.h"
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
@@ -9,7 +10,6 @@
 #include "core/MainPanes.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
 #include "core/modVerify.h"
 #include "meals/MealPane.h"
 #include "meals/clsMeal.h"
@@ -84,9 +84,12 @@ void frmMain::EndDrag() {
 void frmMain::tvRecipes_DragOver(const QPoint& pos) {
     const int margin = ScrollMargin(tvRecipes);
     const int height = tvRecipes->viewport()->height();
-    if (pos.y() < margin) scrollDirection_ = -1;
-    else if (pos.y() > height - margin) scrollDirection_ = 1;
-    else scrollDirection_ = 0;
+    if (pos.y() < margin)
+        scrollDirection_ = -1;
+    else if (pos.y() > height - margin)
+        scrollDirection_ = 1;
+    else
+        scrollDirection_ = 0;
     if (scrollDirection_ != 0 && !Timer1->isActive()) Timer1->start();
     if (scrollDirection_ == 0) Timer1->stop();
 
@@ -104,8 +107,10 @@ void frmMain::tvRecipes_DragOver(const QPoint& pos) {
 void frmMain::Timer1_Timer() {
     // One line up or down, as a click on the scroll bar's arrow would.
     QScrollBar* bar = tvRecipes->verticalScrollBar();
-    if (scrollDirection_ < 0) bar->triggerAction(QAbstractSlider::SliderSingleStepSub);
-    else if (scrollDirection_ > 0) bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    if (scrollDirection_ < 0)
+        bar->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    else if (scrollDirection_ > 0)
+        bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
 }
 
 QDate frmMain::CalendarDateAt(const QPoint& viewportPos) const {
@@ -119,8 +124,10 @@ QDate frmMain::CalendarDateAt(const QPoint& viewportPos) const {
     const QDate shown(calMeals->yearShown(), calMeals->monthShown(), 1);
     const int rows = calendarView_->model()->rowCount();
     QDate month = shown;
-    if (index.row() <= 2 && day > 20) month = shown.addMonths(-1);
-    else if (index.row() >= rows - 2 && day < 15) month = shown.addMonths(1);
+    if (index.row() <= 2 && day > 20)
+        month = shown.addMonths(-1);
+    else if (index.row() >= rows - 2 && day < 15)
+        month = shown.addMonths(1);
     return QDate(month.year(), month.month(), day);
 }
 
@@ -245,8 +252,9 @@ void frmMain::lvCurrentList_DragDrop(const QString& recipe) {
         QString list = Registry().CurrentShoppingList();
         if (!list.isEmpty()) {
             if (PromptBeforeAdd()) {
-                Response = MsgBox(QStringLiteral("Add ") + recipe + QStringLiteral(" to ") + list + QStringLiteral(" ?"),
-                                  Box::YesNo + Box::Question, QStringLiteral("Add Recipe"));
+                Response =
+                    MsgBox(QStringLiteral("Add ") + recipe + QStringLiteral(" to ") + list + QStringLiteral(" ?"),
+                           Box::YesNo + Box::Question, QStringLiteral("Add Recipe"));
                 if (Response == Answer::No) return;
             }
         } else {
@@ -268,8 +276,8 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
         if (recipe.isEmpty() || !day.isValid()) return;
         const QString shortDate = Format(QVariant(day), QStringLiteral("mm/dd/yy"));
         if (CDate(shortDate).date() < Clock::Today()) {
-            MsgBox(QStringLiteral("This date is before today and cannot be added, Please reselect."),
-                   Box::Exclamation, QStringLiteral("Select Again"));
+            MsgBox(QStringLiteral("This date is before today and cannot be added, Please reselect."), Box::Exclamation,
+                   QStringLiteral("Select Again"));
             return;
         }
         const QString longDate = Format(QVariant(day), QStringLiteral("dddd, mmm d yyyy"));
@@ -298,14 +306,15 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
                        ConnectionMain(), adOpenKeyset, adLockReadOnly);
             if (!added.IsEOF())
                 MealPane::AddMealRow(longDate, false, TextOf(added.Field(QStringLiteral("ID"))),
-                           {QString(), recipe, QString(), QString(), QString(), QString()});
+                                     {QString(), recipe, QString(), QString(), QString(), QString()});
         }
         clsRecipies recipes;
         recipes.UpdateTimesUsed(recipe);
         MealPane::MarkMealDay(day);
 
-        Response = MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" to the current shopping list?"),
-                          Box::YesNo + Box::Question, QStringLiteral("Add to Shoppinglist"));
+        Response =
+            MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" to the current shopping list?"),
+                   Box::YesNo + Box::Question, QStringLiteral("Add to Shoppinglist"));
         if (Response != Answer::Yes) return;
         // As for a drop on the list, into CURRENT_SHOP_LIST.
         if (!GenerateListFromRecipe(recipe, Registry().CurrentShoppingList())) return;

@@ -34,14 +34,10 @@ struct QuickStartItem {
 // The shortcuts the quick start pane can offer, in the order it shows them.
 // "ShopList" is answered on a click but is never one of the rows.
 const QuickStartItem kQuickStart[] = {
-    {"Coupon", "New Coupon"},
-    {"Delivery", "Add Delivery Coupon"},
-    {"Inventory", "View Inventory"},
-    {"RecurringLists", "Recurring Shopping lists"},
-    {"IsleMap", "Isle Mapping"},
-    {"ItemCategory", "Item Category"},
-    {"RecipeCat", "Recipe Categories"},
-    {"Nutrition", "Nutrition"},
+    {"Coupon", "New Coupon"},           {"Delivery", "Add Delivery Coupon"},
+    {"Inventory", "View Inventory"},    {"RecurringLists", "Recurring Shopping lists"},
+    {"IsleMap", "Isle Mapping"},        {"ItemCategory", "Item Category"},
+    {"RecipeCat", "Recipe Categories"}, {"Nutrition", "Nutrition"},
     {"Product", "New Product"},
 };
 

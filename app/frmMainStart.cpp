@@ -1,27 +1,27 @@
 // The start and close of the program: the sequence behind the splash screen and
 // the two-stage exit.
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "core/Dates.h"
 #include "core/ErrorReport.h"
-#include "platform/Recordset.h"
 #include "core/Globals.h"
 #include "core/ListView.h"
 #include "core/MainPanes.h"
-#include "core/Dates.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
 #include "core/deLarderkeep.h"
-#include "app/frmSplash.h"
 #include "core/modDatabase.h"
 #include "messages/MessageCommands.h"
 #include "messages/clsMessages.h"
 #include "messages/frmReminder.h"
 #include "platform/Clock.h"
-#include "products/clsSpendHistory.h"
 #include "platform/Database.h"
 #include "platform/DatabaseFile.h"
 #include "platform/ProgramFolder.h"
+#include "platform/Recordset.h"
 #include "platform/SettingsStore.h"
 #include "platform/Ui.h"
+#include "products/clsSpendHistory.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -64,10 +64,12 @@ QString DatabaseAdvice(const QString& trouble) {
         return QStringLiteral("Close the other program and start Larderkeep again.");
     if (trouble.contains(QLatin1String("read-only")) || trouble.contains(QLatin1String("cannot be read")) ||
         trouble.contains(QLatin1String("folder")))
-        return QStringLiteral("Check that you may read and write the file and its folder, then start Larderkeep "
-                              "again.");
-    return QStringLiteral("Put a backup copy of the database in its place, or move the file aside to start with a "
-                          "new household, then start Larderkeep again.");
+        return QStringLiteral(
+            "Check that you may read and write the file and its folder, then start Larderkeep "
+            "again.");
+    return QStringLiteral(
+        "Put a backup copy of the database in its place, or move the file aside to start with a "
+        "new household, then start Larderkeep again.");
 }
 
 }  // namespace
@@ -97,9 +99,12 @@ void frmMain::Form_Load() {
 // A report asked for on the command line prints first; the start then carries
 // on behind the hidden window.
 void frmMain::PrintCommandLineRequest() {
-    if (commandLine_ == QLatin1String("/L")) PrintCommandLineReport(QStringLiteral("rptStandard"));
-    else if (commandLine_ == QLatin1String("/C")) PrintCommandLineReport(QStringLiteral("rptCoupons"));
-    else if (commandLine_ == QLatin1String("/I")) PrintCommandLineReport(QStringLiteral("rptInventory"));
+    if (commandLine_ == QLatin1String("/L"))
+        PrintCommandLineReport(QStringLiteral("rptStandard"));
+    else if (commandLine_ == QLatin1String("/C"))
+        PrintCommandLineReport(QStringLiteral("rptCoupons"));
+    else if (commandLine_ == QLatin1String("/I"))
+        PrintCommandLineReport(QStringLiteral("rptInventory"));
 }
 
 void frmMain::ShowSplash() {
@@ -276,7 +281,8 @@ void frmMain::RunStartPurges() {
 }
 
 void frmMain::FinishStart() {
-    setWindowTitle(QStringLiteral("Larderkeep  v. %1.%2.%3").arg(LK_VERSION_MAJOR).arg(LK_VERSION_MINOR).arg(LK_VERSION_PATCH));
+    setWindowTitle(
+        QStringLiteral("Larderkeep  v. %1.%2.%3").arg(LK_VERSION_MAJOR).arg(LK_VERSION_MINOR).arg(LK_VERSION_PATCH));
     CloseSplash();
     SetMenuIcons();
     if (CLng(GetSetting(QStringLiteral("Settings"), QStringLiteral("Show Tips at Startup"), QStringLiteral("1"))) == 1)
@@ -300,7 +306,8 @@ void frmMain::mnuExit() {
     bool pending = false;
     try {
         clsMessages messages;
-        messages.OpenDB(QStringLiteral("SELECT * FROM Messages WHERE [ReminderTime] <> 4"), adOpenKeyset, adLockReadOnly);
+        messages.OpenDB(QStringLiteral("SELECT * FROM Messages WHERE [ReminderTime] <> 4"), adOpenKeyset,
+                        adLockReadOnly);
         while (!messages.dbEOF()) {
             const QString when = messages.MesDate();
             // Only a real date can fall due: a word or a damaged date never holds the exit.
@@ -331,8 +338,7 @@ void frmMain::mnuExit() {
 void frmMain::Form_Unload() {
     try {
         if (Registry().CheckForUpgrade() == 2) mnuCheckForUpdates_Click();
-    } catch (...) {
-    }
+    } catch (...) {}
     ConnectionMain().Close();
 }
 

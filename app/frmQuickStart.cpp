@@ -1,10 +1,10 @@
 #include "app/frmQuickStart.h"
 
+#include "core/ChangeNotices.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/PaneIcons.h"
 #include "core/clsRegistry.h"
-#include "core/ChangeNotices.h"
 #include "core/modEffects.h"
 #include "platform/Ui.h"
 

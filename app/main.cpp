@@ -1,6 +1,6 @@
 #include "app/Application.h"
-#include "platform/Clock.h"
 #include "app/frmMain.h"
+#include "platform/Clock.h"
 #include "platform/FirstStart.h"
 #include "platform/Ui.h"
 

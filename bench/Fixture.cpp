@@ -1,8 +1,8 @@
 #include "Fixture.h"
 
 #include "LargeHousehold.h"
-#include "core/Globals.h"
 #include "app/frmMain.h"
+#include "core/Globals.h"
 #include "platform/Database.h"
 #include "platform/ScriptedUi.h"
 

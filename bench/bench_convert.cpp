@@ -50,8 +50,8 @@ BENCHMARK_CAPTURE(BM_FractionToDecimal, padded_thirds, "  12 2/3 ", "12.6667")->
 // One cell of the 841-cell chart, found by its two names.
 void BM_ConvertUnit(benchmark::State& state) {
     Household();
-    for (auto _ : state) benchmark::DoNotOptimize(ConvertUnit(QStringLiteral("cup"), QStringLiteral("1 1/2"),
-                                                               QStringLiteral("tbsp")));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ConvertUnit(QStringLiteral("cup"), QStringLiteral("1 1/2"), QStringLiteral("tbsp")));
     if (ConvertUnit(QStringLiteral("cup"), QStringLiteral("1 1/2"), QStringLiteral("tbsp")) != QStringLiteral("24"))
         state.SkipWithError("wrong conversion");
     CheckQuiet(state);

@@ -47,17 +47,22 @@ void AddRowTo(benchmark::State& state, Database& db, const QString& table, const
     state.counters["wal_kb"] = QFileInfo(db.Path() + "-wal").size() / 1024.0;
 }
 
-void BM_AddNewUpdateOn100kRows(benchmark::State& state) { AddRowTo(state, Household(), "SpendHistory", "ItemListName"); }
+void BM_AddNewUpdateOn100kRows(benchmark::State& state) {
+    AddRowTo(state, Household(), "SpendHistory", "ItemListName");
+}
 BENCHMARK(BM_AddNewUpdateOn100kRows)->Unit(benchmark::kMicrosecond)->Iterations(2000);
 
-void BM_AddNewUpdateOnSmallTable(benchmark::State& state) { AddRowTo(state, Template(), "SpendHistory", "ItemListName"); }
+void BM_AddNewUpdateOnSmallTable(benchmark::State& state) {
+    AddRowTo(state, Template(), "SpendHistory", "ItemListName");
+}
 BENCHMARK(BM_AddNewUpdateOnSmallTable)->Unit(benchmark::kMicrosecond)->Iterations(2000);
 
 void BM_Read10kRowsThreeColumns(benchmark::State& state) {
     Database& db = Household();
     for (auto _ : state) {
         Recordset rs;
-        rs.Open("SELECT [Title],[Style],[CookbookName] FROM Recipie ORDER BY [Title]", db, adOpenKeyset, adLockReadOnly);
+        rs.Open("SELECT [Title],[Style],[CookbookName] FROM Recipie ORDER BY [Title]", db, adOpenKeyset,
+                adLockReadOnly);
         int rows = 0;
         while (!rs.IsEOF()) {
             benchmark::DoNotOptimize(rs.Field("Title"));

@@ -1,10 +1,10 @@
 // The message centre of a big household: the list the user sees at every
 // start and after every new note. Target: 2,000 messages load in under 50 ms.
 #include "Fixture.h"
+#include "app/frmMain.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,10 +1,10 @@
 // The whole start sequence, from an empty main window to every pane loaded.
 // Target: the large household is up, every pane filled, in under 1.5 s.
 #include "LargeHousehold.h"
+#include "app/frmMain.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
 #include "platform/Database.h"
 #include "platform/ScriptedUi.h"
 

@@ -25,8 +25,7 @@ QDateTime FromNaiveSeconds(qint64 s) {
 }
 
 QDateTime Checked(const QDateTime& dt) {
-    if (!dt.isValid() || dt.date().year() < 100 || dt.date().year() > 9999)
-        throw RuntimeError(Err::Overflow);
+    if (!dt.isValid() || dt.date().year() < 100 || dt.date().year() > 9999) throw RuntimeError(Err::Overflow);
     return dt;
 }
 
@@ -51,8 +50,7 @@ double ToDateSerial(const QDateTime& dt) {
 }
 
 QDateTime FromDateSerial(double serial) {
-    if (!std::isfinite(serial) || serial > 2958465.999999 || serial < -657434.0)
-        throw RuntimeError(Err::Overflow);
+    if (!std::isfinite(serial) || serial > 2958465.999999 || serial < -657434.0) throw RuntimeError(Err::Overflow);
     const double whole = std::trunc(serial);
     qint64 secs = std::llround(std::fabs(serial - whole) * 86400.0);
     qint64 days = qint64(whole);
@@ -65,11 +63,14 @@ QDateTime FromDateSerial(double serial) {
 
 bool IsDate(const QVariant& v) {
     switch (v.typeId()) {
-    case QMetaType::QDate: return v.toDate().isValid();
-    case QMetaType::QDateTime: return v.toDateTime().isValid();
+    case QMetaType::QDate:
+        return v.toDate().isValid();
+    case QMetaType::QDateTime:
+        return v.toDateTime().isValid();
     case QMetaType::QString:
         return ParseDateText(v.toString()).has_value() || ParseTimeText(v.toString()).has_value();
-    default: return false;
+    default:
+        return false;
     }
 }
 
@@ -104,10 +105,8 @@ qint64 DateDiff(const QString& interval, const QDateTime& a, const QDateTime& b)
     const QDate da = a.date(), db = b.date();
     if (unit == QLatin1String("d") || unit == QLatin1String("y")) return da.daysTo(db);
     if (unit == QLatin1String("w")) return da.daysTo(db) / 7;
-    if (unit == QLatin1String("ww"))
-        return da.addDays(-DaysFromSunday(da)).daysTo(db.addDays(-DaysFromSunday(db))) / 7;
-    if (unit == QLatin1String("m"))
-        return qint64(db.year() - da.year()) * 12 + (db.month() - da.month());
+    if (unit == QLatin1String("ww")) return da.addDays(-DaysFromSunday(da)).daysTo(db.addDays(-DaysFromSunday(db))) / 7;
+    if (unit == QLatin1String("m")) return qint64(db.year() - da.year()) * 12 + (db.month() - da.month());
     if (unit == QLatin1String("q"))
         return qint64(db.year() - da.year()) * 4 + ((db.month() - 1) / 3 - (da.month() - 1) / 3);
     if (unit == QLatin1String("yyyy")) return db.year() - da.year();

@@ -37,8 +37,8 @@ qint64 DateDiff(const QString& interval, const QDateTime& a, const QDateTime& b)
 QDateTime DateAdd(const QString& interval, qint64 n, const QDateTime& d);
 
 // Day serials: days since 12/30/1899 with the time as the fraction of a day.
-double    ToDateSerial(const QDateTime& dt);
+double ToDateSerial(const QDateTime& dt);
 QDateTime FromDateSerial(double serial);
 
-int Weekday(const QDate& d);      // 1 = Sunday ... 7 = Saturday
-int WeekOfYear(const QDate& d);   // weeks from Sunday, week 1 holds January 1
+int Weekday(const QDate& d);     // 1 = Sunday ... 7 = Saturday
+int WeekOfYear(const QDate& d);  // weeks from Sunday, week 1 holds January 1

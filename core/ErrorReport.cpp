@@ -13,6 +13,4 @@ void ReportError(const std::exception& e, const QString& where) {
                     QLatin1Char(')'));
 }
 
-void ReportErrorText(const QString& text, const QString& title) {
-    MsgBox(text, Box::Critical, title);
-}
+void ReportErrorText(const QString& text, const QString& title) { MsgBox(text, Box::Critical, title); }

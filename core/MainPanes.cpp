@@ -91,8 +91,10 @@ QStandardItem* MainPanes::AddNode(QStandardItemModel& model, const QString& pare
                                   const QString& text, const QString& tag) {
     QStandardItem* item = MakeNode(key, text, tag);
     QStandardItem* parent = parentKey.isEmpty() ? nullptr : FindByKey(model, parentKey);
-    if (parent) parent->appendRow(item);
-    else model.appendRow(item);
+    if (parent)
+        parent->appendRow(item);
+    else
+        model.appendRow(item);
     return item;
 }
 
@@ -137,14 +139,14 @@ QList<QStandardItem*> MainPanes::FindByTag(const QStandardItemModel& model, cons
     return out;
 }
 
-int MainPanes::IndexedKeys(const QStandardItemModel& model) const {
-    return int(index_.value(&model).keyOf.size());
-}
+int MainPanes::IndexedKeys(const QStandardItemModel& model) const { return int(index_.value(&model).keyOf.size()); }
 
 void MainPanes::Remove(QStandardItemModel& model, QStandardItem* item) {
     if (!item) return;
-    if (QStandardItem* parent = item->parent()) parent->removeRow(item->row());
-    else model.removeRow(item->row());
+    if (QStandardItem* parent = item->parent())
+        parent->removeRow(item->row());
+    else
+        model.removeRow(item->row());
 }
 
 void MainPanes::SetBold(QStandardItem* item, bool bold) {
@@ -303,7 +305,9 @@ QStandardItem* MainPanes::AddCategory(const QString& name) {
     const QString key = name.trimmed();
     if (QStandardItem* node = FindByKey(recipes, key)) return node;
     QStandardItem* node = CategoryNode(key);
-    if (QStandardItem* root = FindByKey(recipes, QStringLiteral("Root"))) root->appendRow(node);
-    else recipes.appendRow(node);
+    if (QStandardItem* root = FindByKey(recipes, QStringLiteral("Root")))
+        root->appendRow(node);
+    else
+        recipes.appendRow(node);
     return node;
 }

@@ -71,8 +71,8 @@ public:
     static QStandardItem* DishNode(const QString& key, const QString& title);
 
     // Adds a node under the node keyed `parentKey` ("" for the top level).
-    QStandardItem* AddNode(QStandardItemModel& model, const QString& parentKey, const QString& key,
-                           const QString& text, const QString& tag = QString());
+    QStandardItem* AddNode(QStandardItemModel& model, const QString& parentKey, const QString& key, const QString& text,
+                           const QString& tag = QString());
     // A node that is not in a model yet, for callers that build many and insert
     // them at once with appendRows.
     static QStandardItem* MakeNode(const QString& key, const QString& text, const QString& tag = QString());
@@ -101,7 +101,7 @@ private:
         QMultiHash<QString, QStandardItem*> byKey;  // folded key -> nodes
         QHash<QStandardItem*, QString> keyOf;       // node -> folded key
         quint64 next = 0;
-        QHash<QStandardItem*, quint64> order;       // insertion order, for duplicates
+        QHash<QStandardItem*, quint64> order;  // insertion order, for duplicates
     };
 
     void Watch(QStandardItemModel& model);

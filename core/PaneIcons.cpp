@@ -182,10 +182,12 @@ void Draw(QPainter& p, const QString& key) {
 
 bool Known(const QString& key) {
     static const QStringList keys = {
-        "Recipe", "Recipe Title", "RecipeFavorite", "RecipeCompare", "RecipeCompareFavorite", "RecipeCategory",
-        "Recipies", "Cookbook", "Coupons", "Coupon", "Product", "CouponExpire", "Manufacturer", "Root", "Meal", "Meals",
-        "MealFavorite", "Recipie", "Reminder", "Message", "Item", "Delivery", "Inventory", "RecurringLists",
-        "IsleMap", "ItemCategory", "RecipeCat", "Nutrition", "ShopList"};
+        "Recipe",         "Recipe Title", "RecipeFavorite", "RecipeCompare",  "RecipeCompareFavorite",
+        "RecipeCategory", "Recipies",     "Cookbook",       "Coupons",        "Coupon",
+        "Product",        "CouponExpire", "Manufacturer",   "Root",           "Meal",
+        "Meals",          "MealFavorite", "Recipie",        "Reminder",       "Message",
+        "Item",           "Delivery",     "Inventory",      "RecurringLists", "IsleMap",
+        "ItemCategory",   "RecipeCat",    "Nutrition",      "ShopList"};
     return keys.contains(key);
 }
 

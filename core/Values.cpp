@@ -20,15 +20,32 @@ Kind KindOf(const QVariant& v) {
     if (v.metaType() == QMetaType::fromType<EmptyVariant>()) return Kind::Empty;
     if (v.metaType() == QMetaType::fromType<Currency>()) return Kind::Money;
     switch (v.typeId()) {
-    case QMetaType::Bool: return Kind::Bool;
-    case QMetaType::Char: case QMetaType::SChar: case QMetaType::UChar:
-    case QMetaType::Short: case QMetaType::UShort: case QMetaType::Int: case QMetaType::UInt:
-    case QMetaType::Long: case QMetaType::ULong: case QMetaType::LongLong: case QMetaType::ULongLong:
+    case QMetaType::Bool:
+        return Kind::Bool;
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
         return Kind::Integer;
-    case QMetaType::Float: case QMetaType::Double: return Kind::Double;
-    case QMetaType::QString: case QMetaType::QByteArray: case QMetaType::QChar: return Kind::Text;
-    case QMetaType::QDate: case QMetaType::QDateTime: return Kind::Date;
-    default: return Kind::Other;
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return Kind::Double;
+    case QMetaType::QString:
+    case QMetaType::QByteArray:
+    case QMetaType::QChar:
+        return Kind::Text;
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return Kind::Date;
+    default:
+        return Kind::Other;
     }
 }
 
@@ -42,7 +59,7 @@ QDateTime DateOf(const QVariant& v) {
 // exact whole value from "&H"/"&O".
 struct NumberText {
     bool negative = false;
-    QString digits;        // mantissa as "123.45" (no sign)
+    QString digits;  // mantissa as "123.45" (no sign)
     int exponent = 0;
     std::optional<qint64> whole;  // set for "&H"/"&O"
 };
@@ -163,20 +180,28 @@ std::optional<bool> BoolWord(const QString& text) {
 // keep their exactness in the caller, this is for the double path.
 double NumberOf(const QVariant& v) {
     switch (KindOf(v)) {
-    case Kind::Null: throw RuntimeError(Err::InvalidUseOfNull);
-    case Kind::Empty: return 0.0;
-    case Kind::Bool: return v.toBool() ? -1.0 : 0.0;
-    case Kind::Integer: return double(v.toLongLong());
-    case Kind::Double: return v.toDouble();
-    case Kind::Money: return v.value<Currency>().toDouble();
-    case Kind::Date: return ToDateSerial(DateOf(v));
+    case Kind::Null:
+        throw RuntimeError(Err::InvalidUseOfNull);
+    case Kind::Empty:
+        return 0.0;
+    case Kind::Bool:
+        return v.toBool() ? -1.0 : 0.0;
+    case Kind::Integer:
+        return double(v.toLongLong());
+    case Kind::Double:
+        return v.toDouble();
+    case Kind::Money:
+        return v.value<Currency>().toDouble();
+    case Kind::Date:
+        return ToDateSerial(DateOf(v));
     case Kind::Text: {
         const QString text = v.toString();
         if (const auto t = ParseNumberText(text)) return ToDouble(*t);
         if (const auto b = BoolWord(text)) return *b ? -1.0 : 0.0;
         throw RuntimeError(Err::TypeMismatch);
     }
-    case Kind::Other: break;
+    case Kind::Other:
+        break;
     }
     throw RuntimeError(Err::TypeMismatch);
 }
@@ -268,15 +293,16 @@ QString DateText(const QDateTime& dt) {
 QVariant WholeSum(qint64 a, qint64 b, bool wide) {
     qint64 s = 0;
     if (__builtin_add_overflow(a, b, &s)) return double(a) + double(b);
-    if (s >= std::numeric_limits<int>::min() && s <= std::numeric_limits<int>::max() && !wide)
-        return int(s);
+    if (s >= std::numeric_limits<int>::min() && s <= std::numeric_limits<int>::max() && !wide) return int(s);
     if (wide) return s;
     return double(s);  // two 32-bit values that overflow go on as a double
 }
 
 QVariant NumericAdd(const QVariant& a, const QVariant& b) {
     const Kind ka = KindOf(a), kb = KindOf(b);
-    auto wholeOf = [](const QVariant& v) { return KindOf(v) == Kind::Bool ? (v.toBool() ? -1LL : 0LL) : v.toLongLong(); };
+    auto wholeOf = [](const QVariant& v) {
+        return KindOf(v) == Kind::Bool ? (v.toBool() ? -1LL : 0LL) : v.toLongLong();
+    };
     const bool aWhole = ka == Kind::Integer || ka == Kind::Bool;
     const bool bWhole = kb == Kind::Integer || kb == Kind::Bool;
     if (ka == Kind::Double || kb == Kind::Double) {
@@ -326,10 +352,14 @@ bool IsNumberPattern(const QString& section) {
     bool quoted = false;
     for (int i = 0; i < section.size(); ++i) {
         const QChar c = section[i];
-        if (c == QLatin1Char('"')) quoted = !quoted;
-        else if (quoted) continue;
-        else if (c == QLatin1Char('\\')) ++i;
-        else if (c == QLatin1Char('0') || c == QLatin1Char('#') || c == QLatin1Char('%')) return true;
+        if (c == QLatin1Char('"'))
+            quoted = !quoted;
+        else if (quoted)
+            continue;
+        else if (c == QLatin1Char('\\'))
+            ++i;
+        else if (c == QLatin1Char('0') || c == QLatin1Char('#') || c == QLatin1Char('%'))
+            return true;
     }
     return false;
 }
@@ -337,22 +367,31 @@ bool IsNumberPattern(const QString& section) {
 QList<FmtToken> NumberTokens(const QString& section) {
     QList<FmtToken> out;
     auto literal = [&](const QString& s) {
-        if (!out.isEmpty() && out.back().type == FmtToken::Literal) out.back().text += s;
-        else out.append(FmtToken{FmtToken::Literal, s});
+        if (!out.isEmpty() && out.back().type == FmtToken::Literal)
+            out.back().text += s;
+        else
+            out.append(FmtToken{FmtToken::Literal, s});
     };
     for (int i = 0; i < section.size(); ++i) {
         const QChar c = section[i];
-        if (c == QLatin1Char('0')) out.append(FmtToken{FmtToken::Zero, {}});
-        else if (c == QLatin1Char('#')) out.append(FmtToken{FmtToken::Hash, {}});
-        else if (c == QLatin1Char('.')) out.append(FmtToken{FmtToken::Point, {}});
-        else if (c == QLatin1Char(',')) out.append(FmtToken{FmtToken::Comma, {}});
-        else if (c == QLatin1Char('%')) out.append(FmtToken{FmtToken::Percent, {}});
-        else if (c == QLatin1Char('\\') && i + 1 < section.size()) literal(section[++i]);
+        if (c == QLatin1Char('0'))
+            out.append(FmtToken{FmtToken::Zero, {}});
+        else if (c == QLatin1Char('#'))
+            out.append(FmtToken{FmtToken::Hash, {}});
+        else if (c == QLatin1Char('.'))
+            out.append(FmtToken{FmtToken::Point, {}});
+        else if (c == QLatin1Char(','))
+            out.append(FmtToken{FmtToken::Comma, {}});
+        else if (c == QLatin1Char('%'))
+            out.append(FmtToken{FmtToken::Percent, {}});
+        else if (c == QLatin1Char('\\') && i + 1 < section.size())
+            literal(section[++i]);
         else if (c == QLatin1Char('"')) {
             const int end = int(section.indexOf(QLatin1Char('"'), i + 1));
             literal(section.mid(i + 1, (end < 0 ? section.size() : end) - i - 1));
             i = end < 0 ? int(section.size()) : end;
-        } else literal(c);
+        } else
+            literal(c);
     }
     return out;
 }
@@ -368,9 +407,15 @@ Decimal DecimalOf(const QVariant& v) {
     Decimal d;
     QString text;
     switch (KindOf(v)) {
-    case Kind::Money: text = v.value<Currency>().toString(); break;
-    case Kind::Integer: text = v.toString(); break;
-    case Kind::Bool: text = v.toBool() ? QStringLiteral("-1") : QStringLiteral("0"); break;
+    case Kind::Money:
+        text = v.value<Currency>().toString();
+        break;
+    case Kind::Integer:
+        text = v.toString();
+        break;
+    case Kind::Bool:
+        text = v.toBool() ? QStringLiteral("-1") : QStringLiteral("0");
+        break;
     default: {
         // Fifteen significant digits, as CStr shows them, before
         // any rounding: 2.675 rounds to 2.68 and not to 2.67.
@@ -414,8 +459,12 @@ void RoundDecimal(Decimal& d, int places) {
     QString all = d.whole + d.fraction;
     int i = int(all.size()) - 1;
     for (; i >= 0; --i) {
-        if (all[i] == QLatin1Char('9')) all[i] = QLatin1Char('0');
-        else { all[i] = QChar(all[i].unicode() + 1); break; }
+        if (all[i] == QLatin1Char('9'))
+            all[i] = QLatin1Char('0');
+        else {
+            all[i] = QChar(all[i].unicode() + 1);
+            break;
+        }
     }
     if (i < 0) all.prepend(QLatin1Char('1'));
     d.whole = all.left(all.size() - places);
@@ -438,7 +487,10 @@ QString FormatNumberSection(const QString& section, Decimal d, bool* roundedToZe
     QList<FmtToken> tokens = NumberTokens(section);
     int pointAt = -1;
     for (int i = 0; i < tokens.size(); ++i)
-        if (tokens[i].type == FmtToken::Point) { pointAt = i; break; }
+        if (tokens[i].type == FmtToken::Point) {
+            pointAt = i;
+            break;
+        }
     const int intEnd = pointAt < 0 ? int(tokens.size()) : pointAt;
     auto isDigit = [](const FmtToken& t) { return t.type == FmtToken::Zero || t.type == FmtToken::Hash; };
 
@@ -498,14 +550,22 @@ QString FormatNumberSection(const QString& section, Decimal d, bool* roundedToZe
     QString out;
     for (int i = 0; i < tokens.size(); ++i) {
         switch (tokens[i].type) {
-        case FmtToken::Zero: case FmtToken::Hash: out += slotText[i]; break;
+        case FmtToken::Zero:
+        case FmtToken::Hash:
+            out += slotText[i];
+            break;
         case FmtToken::Point:
             if (intSlots.isEmpty()) out += d.whole;  // ".00" still shows whole amounts
             out += QLatin1Char('.');
             break;
-        case FmtToken::Comma: break;  // grouping or scaling, never printed itself
-        case FmtToken::Percent: out += QLatin1Char('%'); break;
-        case FmtToken::Literal: out += tokens[i].text; break;
+        case FmtToken::Comma:
+            break;  // grouping or scaling, never printed itself
+        case FmtToken::Percent:
+            out += QLatin1Char('%');
+            break;
+        case FmtToken::Literal:
+            out += tokens[i].text;
+            break;
         }
     }
     return out;
@@ -517,8 +577,7 @@ QString FormatNumber(const QVariant& value, const QString& pattern) {
     const bool negative = d.negative;
     d.negative = false;
     bool zero = false;
-    if (negative && sections.size() >= 2 && !sections[1].isEmpty())
-        return FormatNumberSection(sections[1], d, &zero);
+    if (negative && sections.size() >= 2 && !sections[1].isEmpty()) return FormatNumberSection(sections[1], d, &zero);
     const QString text = FormatNumberSection(sections[0], d, &zero);
     if (zero && sections.size() >= 3 && !sections[2].isEmpty()) {
         Decimal z;
@@ -530,7 +589,10 @@ QString FormatNumber(const QVariant& value, const QString& pattern) {
 }
 
 QString FormatDate(const QDateTime& dt, const QString& pattern) {
-    struct Tok { QString code; QString literal; };
+    struct Tok {
+        QString code;
+        QString literal;
+    };
     QList<Tok> toks;
     const QString p = pattern;
     for (int i = 0; i < p.size();) {
@@ -561,8 +623,11 @@ QString FormatDate(const QDateTime& dt, const QString& pattern) {
             int j = i;
             while (j < p.size() && p[j].toLower() == lc) ++j;
             int len = j - i;
-            const int maxLen = lc == QLatin1Char('d') ? 6 : lc == QLatin1Char('m') ? 4 : lc == QLatin1Char('y') ? 4
-                             : lc == QLatin1Char('q') ? 1 : 2;
+            const int maxLen = lc == QLatin1Char('d')   ? 6
+                               : lc == QLatin1Char('m') ? 4
+                               : lc == QLatin1Char('y') ? 4
+                               : lc == QLatin1Char('q') ? 1
+                                                        : 2;
             len = std::min(len, maxLen);
             if (lc == QLatin1Char('y') && len == 3) len = 2;
             toks.append({QString(len, lc), {}});
@@ -572,7 +637,8 @@ QString FormatDate(const QDateTime& dt, const QString& pattern) {
         toks.append({{}, QString(c)});
         ++i;
     }
-    const bool twelveHour = std::any_of(toks.begin(), toks.end(), [](const Tok& t) { return t.code.contains(QLatin1Char('/')); });
+    const bool twelveHour =
+        std::any_of(toks.begin(), toks.end(), [](const Tok& t) { return t.code.contains(QLatin1Char('/')); });
     auto neighbourCode = [&](int from, int step) {
         for (int k = from + step; k >= 0 && k < toks.size(); k += step)
             if (!toks[k].code.isEmpty()) return toks[k].code;
@@ -585,32 +651,49 @@ QString FormatDate(const QDateTime& dt, const QString& pattern) {
     QString out;
     for (int k = 0; k < toks.size(); ++k) {
         const QString& code = toks[k].code;
-        if (code.isEmpty()) { out += toks[k].literal; continue; }
+        if (code.isEmpty()) {
+            out += toks[k].literal;
+            continue;
+        }
         const QChar kind = code[0];
         const int len = int(code.size());
         if (code.contains(QLatin1Char('/'))) {
             const bool am = t.hour() < 12;
-            QString s = len == 5 ? (am ? QStringLiteral("AM") : QStringLiteral("PM")) : (am ? QStringLiteral("A") : QStringLiteral("P"));
+            QString s = len == 5 ? (am ? QStringLiteral("AM") : QStringLiteral("PM"))
+                                 : (am ? QStringLiteral("A") : QStringLiteral("P"));
             if (code[0].isLower()) s = s.toLower();
             out += s;
         } else if (kind == QLatin1Char('d')) {
-            if (len == 1) out += QString::number(d.day());
-            else if (len == 2) out += two(d.day());
-            else if (len == 3) out += WeekdayNameText(d.dayOfWeek(), true);
-            else if (len == 4) out += WeekdayNameText(d.dayOfWeek(), false);
-            else if (len == 5) out += FormatDate(dt, QStringLiteral("m/d/yyyy"));
-            else out += FormatDate(dt, QStringLiteral("dddd, mmmm d, yyyy"));
+            if (len == 1)
+                out += QString::number(d.day());
+            else if (len == 2)
+                out += two(d.day());
+            else if (len == 3)
+                out += WeekdayNameText(d.dayOfWeek(), true);
+            else if (len == 4)
+                out += WeekdayNameText(d.dayOfWeek(), false);
+            else if (len == 5)
+                out += FormatDate(dt, QStringLiteral("m/d/yyyy"));
+            else
+                out += FormatDate(dt, QStringLiteral("dddd, mmmm d, yyyy"));
         } else if (kind == QLatin1Char('m')) {
             const bool minute = len <= 2 && (neighbourCode(k, -1).startsWith(QLatin1Char('h')) ||
                                              neighbourCode(k, 1).startsWith(QLatin1Char('s')));
-            if (minute) out += len == 1 ? QString::number(t.minute()) : two(t.minute());
-            else if (len == 1) out += QString::number(d.month());
-            else if (len == 2) out += two(d.month());
-            else out += MonthNameText(d.month(), len == 3);
+            if (minute)
+                out += len == 1 ? QString::number(t.minute()) : two(t.minute());
+            else if (len == 1)
+                out += QString::number(d.month());
+            else if (len == 2)
+                out += two(d.month());
+            else
+                out += MonthNameText(d.month(), len == 3);
         } else if (kind == QLatin1Char('y')) {
-            if (len == 1) out += QString::number(d.dayOfYear());
-            else if (len == 2) out += two(d.year() % 100);
-            else out += QString::number(d.year());
+            if (len == 1)
+                out += QString::number(d.dayOfYear());
+            else if (len == 2)
+                out += two(d.year() % 100);
+            else
+                out += QString::number(d.year());
         } else if (kind == QLatin1Char('w')) {
             out += QString::number(len == 1 ? Weekday(d) : WeekOfYear(d));
         } else if (kind == QLatin1Char('q')) {
@@ -688,9 +771,14 @@ double Val(const QString& text) {
     if (i < n && (s[i] == QLatin1Char('-') || s[i] == QLatin1Char('+'))) num += s[i++];
     bool point = false, digits = false;
     for (; i < n; ++i) {
-        if (IsAsciiDigit(s[i])) { num += s[i]; digits = true; }
-        else if (s[i] == QLatin1Char('.') && !point) { num += s[i]; point = true; }
-        else break;
+        if (IsAsciiDigit(s[i])) {
+            num += s[i];
+            digits = true;
+        } else if (s[i] == QLatin1Char('.') && !point) {
+            num += s[i];
+            point = true;
+        } else
+            break;
     }
     if (!digits) return 0.0;
     if (i < n && QStringLiteral("eEdD").contains(s[i])) {
@@ -709,7 +797,11 @@ double Val(const QString& text) {
 
 bool IsNumeric(const QVariant& v) {
     switch (KindOf(v)) {
-    case Kind::Empty: case Kind::Bool: case Kind::Integer: case Kind::Double: case Kind::Money:
+    case Kind::Empty:
+    case Kind::Bool:
+    case Kind::Integer:
+    case Kind::Double:
+    case Kind::Money:
         return true;
     case Kind::Text:
         try {
@@ -728,49 +820,69 @@ double CDbl(const QVariant& v) { return NumberOf(v); }
 
 Currency CCur(const QVariant& v) {
     switch (KindOf(v)) {
-    case Kind::Money: return v.value<Currency>();
-    case Kind::Integer: return Currency(v.toLongLong());
-    case Kind::Bool: return Currency(v.toBool() ? -1 : 0);
+    case Kind::Money:
+        return v.value<Currency>();
+    case Kind::Integer:
+        return Currency(v.toLongLong());
+    case Kind::Bool:
+        return Currency(v.toBool() ? -1 : 0);
     case Kind::Text:
         if (const auto t = ParseNumberText(v.toString())) return ToCurrency(*t);
         break;
-    default: break;
+    default:
+        break;
     }
     return Currency::fromDouble(NumberOf(v));
 }
 
 bool CBool(const QVariant& v) {
     switch (KindOf(v)) {
-    case Kind::Null: throw RuntimeError(Err::InvalidUseOfNull);
-    case Kind::Empty: return false;
-    case Kind::Bool: return v.toBool();
-    case Kind::Money: return v.value<Currency>().raw() != 0;
-    case Kind::Integer: return v.toLongLong() != 0;
-    case Kind::Double: return v.toDouble() != 0.0;
-    case Kind::Date: return ToDateSerial(DateOf(v)) != 0.0;
+    case Kind::Null:
+        throw RuntimeError(Err::InvalidUseOfNull);
+    case Kind::Empty:
+        return false;
+    case Kind::Bool:
+        return v.toBool();
+    case Kind::Money:
+        return v.value<Currency>().raw() != 0;
+    case Kind::Integer:
+        return v.toLongLong() != 0;
+    case Kind::Double:
+        return v.toDouble() != 0.0;
+    case Kind::Date:
+        return ToDateSerial(DateOf(v)) != 0.0;
     case Kind::Text: {
         const QString text = v.toString();
         if (const auto b = BoolWord(text)) return *b;
         if (const auto t = ParseNumberText(text)) return ToDouble(*t) != 0.0;
         break;
     }
-    case Kind::Other: break;
+    case Kind::Other:
+        break;
     }
     throw RuntimeError(Err::TypeMismatch);
 }
 
 QString CStr(const QVariant& v) {
     switch (KindOf(v)) {
-    case Kind::Null: throw RuntimeError(Err::InvalidUseOfNull);
-    case Kind::Empty: return QString();
-    case Kind::Bool: return v.toBool() ? QStringLiteral("True") : QStringLiteral("False");
-    case Kind::Integer: return v.toString();
+    case Kind::Null:
+        throw RuntimeError(Err::InvalidUseOfNull);
+    case Kind::Empty:
+        return QString();
+    case Kind::Bool:
+        return v.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+    case Kind::Integer:
+        return v.toString();
     case Kind::Double:
         return v.typeId() == QMetaType::Float ? NumberText15(double(v.toFloat()), 7) : NumberText15(v.toDouble(), 15);
-    case Kind::Money: return v.value<Currency>().toString();
-    case Kind::Text: return v.toString();
-    case Kind::Date: return DateText(DateOf(v));
-    case Kind::Other: break;
+    case Kind::Money:
+        return v.value<Currency>().toString();
+    case Kind::Text:
+        return v.toString();
+    case Kind::Date:
+        return DateText(DateOf(v));
+    case Kind::Other:
+        break;
     }
     if (v.canConvert<QString>()) return v.toString();
     throw RuntimeError(Err::TypeMismatch);
@@ -842,9 +954,13 @@ QString Format(const QVariant& value, const QString& pattern) {
     bool isDate = kind == Kind::Date;
     if (kind == Kind::Text) {
         const QString text = value.toString();
-        if (const auto t = ParseNumberText(text)) v = ToDouble(*t);
-        else if (IsDate(value)) { v = CDate(value); isDate = true; }
-        else return text;
+        if (const auto t = ParseNumberText(text))
+            v = ToDouble(*t);
+        else if (IsDate(value)) {
+            v = CDate(value);
+            isDate = true;
+        } else
+            return text;
     } else if (kind == Kind::Other) {
         return value.toString();
     }

@@ -36,19 +36,19 @@ double Val(const QString& text);
 // "&H"/"&O", a negative in parentheses). False for Null, dates, "", "abc", "1/2".
 bool IsNumeric(const QVariant& v);
 
-qint16   CInt(const QVariant& v);   // half to even; Overflow outside 16 bits
-qint32   CLng(const QVariant& v);   // half to even; Overflow outside 32 bits
-double   CDbl(const QVariant& v);
-Currency CCur(const QVariant& v);   // texts convert exactly, not through a double
-bool     CBool(const QVariant& v);  // "True"/"False" any case, numbers: nonzero is True
+qint16 CInt(const QVariant& v);  // half to even; Overflow outside 16 bits
+qint32 CLng(const QVariant& v);  // half to even; Overflow outside 32 bits
+double CDbl(const QVariant& v);
+Currency CCur(const QVariant& v);  // texts convert exactly, not through a double
+bool CBool(const QVariant& v);     // "True"/"False" any case, numbers: nonzero is True
 // bool -> "True"/"False"; whole numbers plainly; doubles in the shortest form
 // of 15 significant digits (0.1 + 0.2 -> "0.3", 1E+15, 1E-05); Currency ->
 // toString; dates "m/d/yyyy" with " h:mm:ss AM" when there is a time (a bare
 // time on day zero prints alone); Empty -> ""; Null raises Invalid use of Null.
-QString  CStr(const QVariant& v);
+QString CStr(const QVariant& v);
 // The text of a value as joining it with "" gives it: Null and Empty give "",
 // everything else CStr. The usual way to read a column that may be NULL.
-QString  TextOf(const QVariant& v);
+QString TextOf(const QVariant& v);
 
 // "+" on loose values, as the classes add columns and texts:
 //   Null with anything -> Null; Empty + x -> x (Empty + Empty -> 0)

@@ -57,26 +57,28 @@ QString InFolder(const char* name) { return ProgramFolder::File(QString::fromLat
 
 }  // namespace
 
-#define LK_BOOL(Name, Key, Default)                                                      \
-    bool clsRegistry::Name() { return ReadBool(QStringLiteral(Key), Default); }          \
+#define LK_BOOL(Name, Key, Default)                                             \
+    bool clsRegistry::Name() { return ReadBool(QStringLiteral(Key), Default); } \
     void clsRegistry::Name(bool value) { WriteBool(QStringLiteral(Key), value); }
-#define LK_INT(Name, Key, Default)                                                       \
-    qint16 clsRegistry::Name() { return ReadInt(QStringLiteral(Key), Default); }         \
+#define LK_INT(Name, Key, Default)                                               \
+    qint16 clsRegistry::Name() { return ReadInt(QStringLiteral(Key), Default); } \
     void clsRegistry::Name(qint16 value) { WriteNumber(QStringLiteral(Key), value); }
-#define LK_LONG(Name, Key, Default)                                                      \
-    qint32 clsRegistry::Name() { return ReadLong(QStringLiteral(Key), Default); }        \
+#define LK_LONG(Name, Key, Default)                                               \
+    qint32 clsRegistry::Name() { return ReadLong(QStringLiteral(Key), Default); } \
     void clsRegistry::Name(qint32 value) { WriteNumber(QStringLiteral(Key), value); }
-#define LK_TEXT(Name, Key, Default)                                                      \
-    QString clsRegistry::Name() { return ReadText(QStringLiteral(Key), Default); }       \
+#define LK_TEXT(Name, Key, Default)                                                \
+    QString clsRegistry::Name() { return ReadText(QStringLiteral(Key), Default); } \
     void clsRegistry::Name(const QString& value) { WriteText(QStringLiteral(Key), value); }
-#define LK_VARIANT(Name, Write, Key, Default)                                            \
-    QVariant clsRegistry::Name() { return ReadVariant(QStringLiteral(Key), Default); }   \
+#define LK_VARIANT(Name, Write, Key, Default)                                          \
+    QVariant clsRegistry::Name() { return ReadVariant(QStringLiteral(Key), Default); } \
     void clsRegistry::Write(const QVariant& value) { WriteVariant(QStringLiteral(Key), value); }
 
 // --- General -----------------------------------------------------------------
 LK_VARIANT(CurrentListFont, CurrentListFontWrite, "CUR_LIST_FNT", EmptyValue())
 LK_VARIANT(CurrentListFontColor, CurrentListFontColorWrite, "CUR_LIST_FNT_CLR", EmptyValue())
-QString clsRegistry::DateDisplayFormat() { return ReadText(QStringLiteral("DATE_DISPLAY"), QStringLiteral("mm/dd/yyyy")); }
+QString clsRegistry::DateDisplayFormat() {
+    return ReadText(QStringLiteral("DATE_DISPLAY"), QStringLiteral("mm/dd/yyyy"));
+}
 void clsRegistry::DateDisplayFormatWrite(const QString& value) { WriteText(QStringLiteral("DATE_DISPLAY"), value); }
 QVariant clsRegistry::MainToolbar() { return ReadVariant(QStringLiteral("MAIN_TOOLBAR"), EmptyValue()); }
 LK_BOOL(SpellCheckAvailable, "SC_AVAILABLE", false)
@@ -216,7 +218,9 @@ float clsRegistry::SpellLeft() {
     const auto text = FindSetting(kWindowSettings, QStringLiteral("SpellLeft"));
     return text ? float(CDbl(*text)) : 0.0f;
 }
-void clsRegistry::SpellLeft(float value) { SaveSetting(kWindowSettings, QStringLiteral("SpellLeft"), SingleText(value)); }
+void clsRegistry::SpellLeft(float value) {
+    SaveSetting(kWindowSettings, QStringLiteral("SpellLeft"), SingleText(value));
+}
 float clsRegistry::SpellTop() {
     const auto text = FindSetting(kWindowSettings, QStringLiteral("SpellTop"));
     return text ? float(CDbl(*text)) : 0.0f;

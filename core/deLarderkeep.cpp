@@ -81,8 +81,7 @@ const QList<ReportField> kProductFields = {
 
 }  // namespace
 
-Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy,
-              const QList<ReportField>& fields) {
+Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy, const QList<ReportField>& fields) {
     Database connection;
     connection.Open(Registry().DatabasePath());
     Recordset rs;
@@ -90,7 +89,8 @@ Report Shaped(const QString& title, const QString& sql, const QStringList& group
     QList<ShapedRow> rows;
     while (!rs.IsEOF()) {
         ShapedRow row;
-        for (const QString& group : groupBy) row.groups << CStr(rs.Field(group).isNull() ? QVariant(QString()) : rs.Field(group));
+        for (const QString& group : groupBy)
+            row.groups << CStr(rs.Field(group).isNull() ? QVariant(QString()) : rs.Field(group));
         for (const ReportField& field : fields) row.cells << Cell(rs.Field(field.field), field.pattern);
         rows << row;
         rs.MoveNext();
@@ -124,17 +124,17 @@ Report cmShoplistGeneric(const QString& listName) {
 }
 
 Report cmShoplistByIsle(const QString& storeName) {
-    Report report = Shaped(QStringLiteral("Shopping List by Isle"),
-                           QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
-                               .arg(SqlText(storeName)),
-                           {QStringLiteral("ShopIsle"), QStringLiteral("ItemStyle")}, kListFields);
+    Report report =
+        Shaped(QStringLiteral("Shopping List by Isle"),
+               QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
+                   .arg(SqlText(storeName)),
+               {QStringLiteral("ShopIsle"), QStringLiteral("ItemStyle")}, kListFields);
     report.AddHeading(storeName);
     return report;
 }
 
 Report cmCoupons() {
-    return Shaped(QStringLiteral("Coupons"),
-                  QStringLiteral("SELECT * FROM Coupons ORDER BY [Manufacturer], [Product]"),
+    return Shaped(QStringLiteral("Coupons"), QStringLiteral("SELECT * FROM Coupons ORDER BY [Manufacturer], [Product]"),
                   {QStringLiteral("Manufacturer")}, kCouponFields);
 }
 
@@ -153,9 +153,10 @@ Report cmProducts() {
 Report cmInventory() {
     QList<ReportField> fields = kProductFields;
     fields[2] = {QStringLiteral("Manufacturer"), QStringLiteral("Manufacturer")};
-    return Shaped(QStringLiteral("Inventory"),
-                  QStringLiteral("SELECT * FROM Product WHERE [LastPurchasedDate] > #01/01/50# ORDER BY [Category], [Name]"),
-                  {QStringLiteral("Category")}, fields);
+    return Shaped(
+        QStringLiteral("Inventory"),
+        QStringLiteral("SELECT * FROM Product WHERE [LastPurchasedDate] > #01/01/50# ORDER BY [Category], [Name]"),
+        {QStringLiteral("Category")}, fields);
 }
 
 Report cmMessages(const QString& messageTitle) {
@@ -166,8 +167,8 @@ Report cmMessages(const QString& messageTitle) {
             adOpenForwardOnly, adLockReadOnly);
     Report report(messageTitle);
     while (!rs.IsEOF()) {
-        report.AddHeading(CStr(rs.Field(QStringLiteral("Date")).isNull() ? QVariant(QString())
-                                                                          : rs.Field(QStringLiteral("Date"))));
+        report.AddHeading(
+            CStr(rs.Field(QStringLiteral("Date")).isNull() ? QVariant(QString()) : rs.Field(QStringLiteral("Date"))));
         report.AddParagraph(rs.Field(QStringLiteral("Body")).toString());
         rs.MoveNext();
     }

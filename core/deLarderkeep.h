@@ -20,17 +20,16 @@ struct ReportField {
 
 // Rows of `sql`, grouped by the columns of `groupBy` (outermost first). Groups keep
 // the order in which the query first yields them, so a walk order survives.
-Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy,
-              const QList<ReportField>& fields);
+Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy, const QList<ReportField>& fields);
 
-Report cmShoppingList();                               // rptStandard
-Report cmShoplistGeneric(const QString& listName);     // one saved list
-Report cmShoplistByIsle(const QString& storeName);     // rptListByIsle
-Report cmCoupons();                                    // rptCoupons
-Report cmExpiredCoupons();                             // rptExpiredCoupons
-Report cmProducts();                                   // rptProducts
-Report cmInventory();                                  // rptInventory
-Report cmMessages(const QString& messageTitle);        // rptMessage
+Report cmShoppingList();                            // rptStandard
+Report cmShoplistGeneric(const QString& listName);  // one saved list
+Report cmShoplistByIsle(const QString& storeName);  // rptListByIsle
+Report cmCoupons();                                 // rptCoupons
+Report cmExpiredCoupons();                          // rptExpiredCoupons
+Report cmProducts();                                // rptProducts
+Report cmInventory();                               // rptInventory
+Report cmMessages(const QString& messageTitle);     // rptMessage
 
 // A report by its program name ("rptStandard", "rptCoupons", "rptInventory", ...);
 // an empty report titled with the name when it is not one of the above.

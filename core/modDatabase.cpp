@@ -25,9 +25,7 @@ QString SourceOf(const QString& connectionString) {
     return re.match(connectionString).captured(1).trimmed();
 }
 
-void ReopenMain(const QString& connectionString) {
-    ConnectionMain().Open(connectionString, QString(), QString(), -1);
-}
+void ReopenMain(const QString& connectionString) { ConnectionMain().Open(connectionString, QString(), QString(), -1); }
 
 }  // namespace
 

@@ -10,7 +10,7 @@ namespace CouponPane {
 struct Loaded {
     int coupons = 0;
     QList<QStandardItem*> withExpired;  // manufacturers holding an expired coupon
-    bool purge = false;                  // the expiry setting asks for the purge screen
+    bool purge = false;                 // the expiry setting asks for the purge screen
 };
 Loaded LoadCoupons();
 }  // namespace CouponPane

@@ -3,15 +3,15 @@
 #include <QColor>
 #include <QStandardItem>
 
+#include "core/ChangeNotices.h"
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
+#include "core/Progress.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/deLarderkeep.h"
-#include "core/ChangeNotices.h"
-#include "core/Progress.h"
 #include "core/modVerify.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -25,9 +25,7 @@ namespace {
 
 const QString kCrLf = QStringLiteral("\r\n");
 
-bool ExpiredBeforeToday(const QVariant& expiration) {
-    return CDate(expiration).date() < Clock::Today();
-}
+bool ExpiredBeforeToday(const QVariant& expiration) { return CDate(expiration).date() < Clock::Today(); }
 
 }  // namespace
 
@@ -46,7 +44,8 @@ int clsCoupon::Exists(const QString& manufacturer, const QString& product, const
     QuoteSql(m);
     QuoteSql(p);
     QuoteSql(s);
-    const QString byProduct = QStringLiteral("SELECT [ID] FROM Coupons WHERE [Product] = '%1' AND [Product] = '%1' COLLATE BINARY").arg(p);
+    const QString byProduct =
+        QStringLiteral("SELECT [ID] FROM Coupons WHERE [Product] = '%1' AND [Product] = '%1' COLLATE BINARY").arg(p);
     const QString andManufacturer = QStringLiteral(" AND [Manufacturer] = '%1' COLLATE BINARY").arg(m);
     const QString andSize = QStringLiteral(" AND [Size] = '%1' COLLATE BINARY").arg(s);
     const QString inOrder = QStringLiteral(" ORDER BY [ID]");
@@ -83,13 +82,16 @@ void clsCoupon::GetExistingCouponResponse() {
         OpenDB(QStringLiteral("SELECT [Manufacturer],[Product],[Size],[ID] FROM Coupons WHERE [ID]=") +
                    QString::number(FoundCouponID),
                adOpenForwardOnly, adLockReadOnly);
-        const QString text =
-            QStringLiteral("A coupon was found for that item but it is not an exact match. You you like to use the found Coupon? ") +
-            kCrLf + kCrLf + QStringLiteral("       \u2022 Product: ") + TextOf(rs.Field(QStringLiteral("Product"))).trimmed() +
-            kCrLf + QStringLiteral("       \u2022 Manufacturer: ") +
-            TextOf(rs.Field(QStringLiteral("Manufacturer"))).trimmed() + kCrLf +
-            QStringLiteral("       \u2022 Size: ") + TextOf(rs.Field(QStringLiteral("Size"))).trimmed() + kCrLf +
-            QStringLiteral("             Would you like to use this Coupon?");
+        const QString text = QStringLiteral(
+                                 "A coupon was found for that item but it is not an exact match. You you like to use "
+                                 "the found Coupon? ") +
+                             kCrLf + kCrLf + QStringLiteral("       \u2022 Product: ") +
+                             TextOf(rs.Field(QStringLiteral("Product"))).trimmed() + kCrLf +
+                             QStringLiteral("       \u2022 Manufacturer: ") +
+                             TextOf(rs.Field(QStringLiteral("Manufacturer"))).trimmed() + kCrLf +
+                             QStringLiteral("       \u2022 Size: ") +
+                             TextOf(rs.Field(QStringLiteral("Size"))).trimmed() + kCrLf +
+                             QStringLiteral("             Would you like to use this Coupon?");
         CloseDB();
         if (MsgBox(text, Box::YesNo + Box::Question, QStringLiteral("Coupon Alert")) == Answer::No) FoundCouponID = 0;
     });
@@ -192,8 +194,9 @@ void clsCoupon::DeleteCoupon(qint32 id, int mode) {
                adLockOptimistic);
         if (mode == 1 && Registry().CouponAddReminder()) {
             // A reminder to take the paper coupon out of the wallet.
-            const QString note = QStringLiteral("Discard Coupon for ") + TextOf(rs.Field(QStringLiteral("Manufacturer"))) +
-                                 QStringLiteral("'s ") + TextOf(rs.Field(QStringLiteral("product")));
+            const QString note = QStringLiteral("Discard Coupon for ") +
+                                 TextOf(rs.Field(QStringLiteral("Manufacturer"))) + QStringLiteral("'s ") +
+                                 TextOf(rs.Field(QStringLiteral("product")));
             const QString today = Format(QVariant(Clock::Today()), QStringLiteral("mm/dd/yyyy"));
             Q_EMIT Notices().AddMessage(note, note, today, 1);
             clsMessages messages;
@@ -360,22 +363,98 @@ bool clsCoupon::ExpireAction(bool pending) {
 
 const QStringList& clsCoupon::ValueList() {
     static const QStringList values = {
-        "Free", "Buy one, get one free", "Buy two, get one free", "Buy three, get one free",
+        "Free",
+        "Buy one, get one free",
+        "Buy two, get one free",
+        "Buy three, get one free",
         "Buy four or more, get one free",
-        "0.10", "0.12", "0.15", "0.20", "0.25", "0.30", "0.35", "0.40", "0.45", "0.49", "0.50", "0.55", "0.59",
-        "0.60", "0.65", "0.69", "0.70", "0.75", "0.79", "0.80", "0.85", "0.89", "0.90", "0.95", "0.99", "1.00",
-        "1.10", "1.25", "1.35", "1.50", "1.60", "1.75", "1.85", "2.00", "2.10", "2.25", "2.50", "2.60", "2.75",
-        "2.85", "3.00", "3.25", "3.50", "3.75", "4.00", "4.25", "4.50", "4.75", "5.00", "5.50", "6.00", "6.50",
-        "7.00", "7.50", "8.00", "8.50", "9.00", "9.50", "10.00",
-        "Buy 2, Get $0.25 off", "Buy 2, Get $0.30 off", "Buy 2, Get $0.50 off", "Buy 2, Get $0.55 off",
-        "Buy 2, Get $1.00 off", "Buy 2 or more, Get $0.10 off", "Buy 2 or more, Get $0.15 off",
-        "Buy 2 or more, Get $0.20 off", "Buy 2 or more, Get $0.35 off", "Buy 2 or more, Get $0.40 off",
-        "Buy 2 or more, Get $0.45 off", "Buy 2 or more, Get $0.60 off", "Buy 2 or more, Get $0.65 off",
-        "Buy 2 or more, Get $0.75 off", "Buy 2 or more, Get $1.10 off", "Buy 2 or more, Get $1.25 off",
-        "Buy 2 or more, Get $1.35 off", "Buy 2 or more, Get $1.50 off", "Buy 2 or more, Get $1.60 off",
-        "Buy 2 or more, Get $1.75 off", "Buy 2 or more, Get $1.85 off", "Buy 2 or more, Get $2.00 off",
-        "Buy 3 or more, Get $0.25 off", "Buy 3 or more, Get $0.30 off", "Buy 3 or more, Get $0.50 off",
-        "Buy 3 or more, Get $0.55 off", "Buy 3 or more, Get $1.00 off", "Buy 4 or more, Get $1.00 off",
+        "0.10",
+        "0.12",
+        "0.15",
+        "0.20",
+        "0.25",
+        "0.30",
+        "0.35",
+        "0.40",
+        "0.45",
+        "0.49",
+        "0.50",
+        "0.55",
+        "0.59",
+        "0.60",
+        "0.65",
+        "0.69",
+        "0.70",
+        "0.75",
+        "0.79",
+        "0.80",
+        "0.85",
+        "0.89",
+        "0.90",
+        "0.95",
+        "0.99",
+        "1.00",
+        "1.10",
+        "1.25",
+        "1.35",
+        "1.50",
+        "1.60",
+        "1.75",
+        "1.85",
+        "2.00",
+        "2.10",
+        "2.25",
+        "2.50",
+        "2.60",
+        "2.75",
+        "2.85",
+        "3.00",
+        "3.25",
+        "3.50",
+        "3.75",
+        "4.00",
+        "4.25",
+        "4.50",
+        "4.75",
+        "5.00",
+        "5.50",
+        "6.00",
+        "6.50",
+        "7.00",
+        "7.50",
+        "8.00",
+        "8.50",
+        "9.00",
+        "9.50",
+        "10.00",
+        "Buy 2, Get $0.25 off",
+        "Buy 2, Get $0.30 off",
+        "Buy 2, Get $0.50 off",
+        "Buy 2, Get $0.55 off",
+        "Buy 2, Get $1.00 off",
+        "Buy 2 or more, Get $0.10 off",
+        "Buy 2 or more, Get $0.15 off",
+        "Buy 2 or more, Get $0.20 off",
+        "Buy 2 or more, Get $0.35 off",
+        "Buy 2 or more, Get $0.40 off",
+        "Buy 2 or more, Get $0.45 off",
+        "Buy 2 or more, Get $0.60 off",
+        "Buy 2 or more, Get $0.65 off",
+        "Buy 2 or more, Get $0.75 off",
+        "Buy 2 or more, Get $1.10 off",
+        "Buy 2 or more, Get $1.25 off",
+        "Buy 2 or more, Get $1.35 off",
+        "Buy 2 or more, Get $1.50 off",
+        "Buy 2 or more, Get $1.60 off",
+        "Buy 2 or more, Get $1.75 off",
+        "Buy 2 or more, Get $1.85 off",
+        "Buy 2 or more, Get $2.00 off",
+        "Buy 3 or more, Get $0.25 off",
+        "Buy 3 or more, Get $0.30 off",
+        "Buy 3 or more, Get $0.50 off",
+        "Buy 3 or more, Get $0.55 off",
+        "Buy 3 or more, Get $1.00 off",
+        "Buy 4 or more, Get $1.00 off",
         "Checker Intervention",
     };
     return values;

@@ -22,8 +22,8 @@ qint32 clsShopList::ItemID() const { return CLng(rs.Field(QStringLiteral("ID")))
 
 void clsShopList::AdjustRecipeName(const QString& oldTitle, const QString& newTitle) {
     Trap(QStringLiteral("ShopList.AdjustRecipeName"), [&] {
-        OpenDB(QStringLiteral("SELECT [ItemStyle] FROM ShopList where [ItemStyle] = ") + SqlText(oldTitle), adOpenKeyset,
-               adLockOptimistic);
+        OpenDB(QStringLiteral("SELECT [ItemStyle] FROM ShopList where [ItemStyle] = ") + SqlText(oldTitle),
+               adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
             rs.setField(QStringLiteral("ItemStyle"), newTitle);
             rs.Update();

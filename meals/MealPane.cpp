@@ -50,8 +50,8 @@ void LoadMealList() {
     panes.boldMealDates.clear();
     Recordset rs;
     rs.Open(QStringLiteral("SELECT * FROM Meal"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
-    static const char* const kCourses[] = {"Appetizer", "MainCourse", "SideDishOne", "SideDishTwo", "SideDishThree",
-                                           "Desert"};
+    static const char* const kCourses[] = {"Appetizer",   "MainCourse",    "SideDishOne",
+                                           "SideDishTwo", "SideDishThree", "Desert"};
     while (!rs.IsEOF()) {
         QStringList courses;
         for (const char* course : kCourses) courses << TextOf(rs.Field(QString::fromLatin1(course)));

@@ -1,10 +1,10 @@
 #include "meals/clsMeal.h"
 
+#include "core/Dates.h"
 #include "core/ErrorReport.h"
+#include "core/Globals.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/Dates.h"
-#include "core/Globals.h"
 #include "core/modVerify.h"
 #include "platform/Clock.h"
 #include "platform/Ui.h"
@@ -12,7 +12,9 @@
 namespace {
 
 // Today as a query's date literal, month first.
-QString TodayLiteral() { return QStringLiteral("#") + Clock::Today().toString(QStringLiteral("M/d/yyyy")) + QStringLiteral("#"); }
+QString TodayLiteral() {
+    return QStringLiteral("#") + Clock::Today().toString(QStringLiteral("M/d/yyyy")) + QStringLiteral("#");
+}
 
 }  // namespace
 
@@ -64,8 +66,9 @@ void clsMeal::AuditMeals() {
     }
     CloseDB();
     if (moved > 0)
-        MsgBox(QString::number(moved) + QStringLiteral(" Meal(s) dates were advanced 7 days by the Auto-Purge process."),
-               Box::Information, QStringLiteral("Meal Auto-Purge"));
+        MsgBox(
+            QString::number(moved) + QStringLiteral(" Meal(s) dates were advanced 7 days by the Auto-Purge process."),
+            Box::Information, QStringLiteral("Meal Auto-Purge"));
 }
 
 void clsMeal::RemoveRecipe(const QString& name, const QString& title) {
@@ -74,8 +77,8 @@ void clsMeal::RemoveRecipe(const QString& name, const QString& title) {
                               : QStringLiteral("SELECT * FROM Meal WHERE [Name]=") + SqlText(name),
                adOpenKeyset, adLockOptimistic);
         while (!rs.IsEOF()) {
-            for (const char* course : {"Appetizer", "MainCourse", "Desert", "SideDishOne", "SideDishTwo",
-                                       "SideDishThree", "SideDishfour"}) {
+            for (const char* course :
+                 {"Appetizer", "MainCourse", "Desert", "SideDishOne", "SideDishTwo", "SideDishThree", "SideDishfour"}) {
                 const QString column = QString::fromLatin1(course);
                 // A Null course equals nothing, not even an empty title.
                 const QVariant value = rs.Field(column);

@@ -12,8 +12,7 @@
 #include <QVBoxLayout>
 
 MeasureList::MeasureList(const QString& objectName, const QString& title, const QStringList& headers,
-                         const QString& sql, const QString& firstColumn, const QString& secondColumn,
-                         QWidget* parent)
+                         const QString& sql, const QString& firstColumn, const QString& secondColumn, QWidget* parent)
     : QDialog(parent), sql_(sql), firstColumn_(firstColumn), secondColumn_(secondColumn) {
     setObjectName(objectName);
     setWindowTitle(title);

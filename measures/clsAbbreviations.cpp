@@ -46,9 +46,9 @@ void clsAbbreviations::Remove(const QString& abbreviation) {
 bool clsAbbreviations::AddNew() {
     return Trap(QStringLiteral("Abbreviations.AddNew"), false, [&] {
         if (description_.isEmpty())
-            description_ = InputBox(QStringLiteral("What Decription would you like to use for ") + abbreviation_ +
-                                        QStringLiteral("?"),
-                                    QStringLiteral("Add Description"));
+            description_ = InputBox(
+                QStringLiteral("What Decription would you like to use for ") + abbreviation_ + QStringLiteral("?"),
+                QStringLiteral("Add Description"));
         Recordset r;
         r.Open(QStringLiteral("SELECT * FROM Abbreviation"), ConnectionMain(), adOpenStatic, adLockOptimistic);
         if (!r.IsEOF()) r.MoveLast();

@@ -35,8 +35,9 @@ void clsSize::WriteNew(const QString& name, const QString& abbreviation) {
         rs.setField(QStringLiteral("Name"), name);
         QString chosen = abbreviation;
         if (AbbreviationExists(chosen)) {
-            Response = MsgBox(QStringLiteral("The Abbreviation has already been used, would you like to select another?"),
-                              Box::YesNo + Box::Question, QStringLiteral("Duplicate Abbreviation"));
+            Response =
+                MsgBox(QStringLiteral("The Abbreviation has already been used, would you like to select another?"),
+                       Box::YesNo + Box::Question, QStringLiteral("Duplicate Abbreviation"));
             if (Response == Answer::Yes) {
                 do {
                     chosen = InputBox(QStringLiteral("Please enter the Abbreviation for ") + name +

@@ -161,9 +161,7 @@ QString frmConversions::Cell(int row, int column) const {
 
 int frmConversions::Measures() const { return flxConversionChart->rowCount(); }
 
-QString frmConversions::StatusPanel(int panel) const {
-    return panel == 1 ? cellPanel_->text() : countPanel_->text();
-}
+QString frmConversions::StatusPanel(int panel) const { return panel == 1 ? cellPanel_->text() : countPanel_->text(); }
 
 bool frmConversions::Editing() const { return editRow_ >= 0; }
 
@@ -258,7 +256,8 @@ bool frmConversions::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         const QString typed = key->text();
-        if (!typed.isEmpty() && typed.at(0).isPrint() && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        if (!typed.isEmpty() && typed.at(0).isPrint() &&
+            !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
             StartEdit(typed);
             return true;
         }

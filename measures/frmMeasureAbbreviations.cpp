@@ -74,8 +74,7 @@ frmMeasureAbbreviations::frmMeasureAbbreviations(QWidget* parent) : QDialog(pare
     connect(mnuSaveAbbreviations, &QAction::triggered, this, &frmMeasureAbbreviations::mnuSaveAbbreviations_Click);
     connect(mnuClose, &QAction::triggered, this, &frmMeasureAbbreviations::mnuClose_Click);
     connect(mnuAddAbbreviation, &QAction::triggered, this, &frmMeasureAbbreviations::mnuAddAbbreviation_Click);
-    connect(mnuDeleteAbbreviation, &QAction::triggered, this,
-            &frmMeasureAbbreviations::mnuDeleteAbbreviation_Click);
+    connect(mnuDeleteAbbreviation, &QAction::triggered, this, &frmMeasureAbbreviations::mnuDeleteAbbreviation_Click);
     connect(mnuFindUnlistedAbbr, &QAction::triggered, this, &frmMeasureAbbreviations::mnuFindUnlistedAbbr_Click);
 
     resize(420, 480);
@@ -203,8 +202,8 @@ void frmMeasureAbbreviations::mnuSaveAbbreviations_Click() {
             name->setText(abbreviations.Description());
             name->setData(StoredRole, name->text());
             Recordset rs;
-            rs.Open(QStringLiteral("SELECT [ID] FROM Abbreviation WHERE [Abbreviation] = '") +
-                        QuoteSql(unit) + QLatin1Char('\''),
+            rs.Open(QStringLiteral("SELECT [ID] FROM Abbreviation WHERE [Abbreviation] = '") + QuoteSql(unit) +
+                        QLatin1Char('\''),
                     ConnectionMain(), adOpenKeyset, adLockReadOnly);
             if (!rs.IsEOF()) {
                 abbr->setData(IdRole, rs.Field(QStringLiteral("ID")).toLongLong());

@@ -41,8 +41,10 @@ QString DecimalToFraction(Currency& value) {
             const int centre = int(std::floor(n / target));
             for (int d = qMax(1, centre - 1); d <= qMin(64, centre + 2); ++d) {
                 if (Currency(n) / Currency(d) != value) continue;
-                if (d == 1) result += QString::number(n);
-                else result += QStringLiteral(" %1/%2").arg(n).arg(d);
+                if (d == 1)
+                    result += QString::number(n);
+                else
+                    result += QStringLiteral(" %1/%2").arg(n).arg(d);
                 return;
             }
         }

@@ -3,8 +3,8 @@
 #include <QAction>
 #include <QTextEdit>
 
-#include "core/clsRegistry.h"
 #include "core/Globals.h"
+#include "core/clsRegistry.h"
 #include "platform/Ui.h"
 
 namespace {
@@ -35,9 +35,12 @@ QAction* EditorToolbar::AddButton(const QString& key, const QString& caption) {
 QAction* EditorToolbar::Button(const QString& key) const { return findChild<QAction*>(key); }
 
 void EditorToolbar::ButtonClick(const QString& key) {
-    if (key == QLatin1String("Cut")) editor_->cut();
-    else if (key == QLatin1String("Copy")) editor_->copy();
-    else if (key == QLatin1String("Paste")) editor_->paste();
+    if (key == QLatin1String("Cut"))
+        editor_->cut();
+    else if (key == QLatin1String("Copy"))
+        editor_->copy();
+    else if (key == QLatin1String("Paste"))
+        editor_->paste();
     else if (key == QLatin1String("Undo")) {
         if (editor_->document()->isUndoAvailable()) editor_->undo();
     } else if (key == QLatin1String("Spell")) {

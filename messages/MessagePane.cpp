@@ -52,9 +52,9 @@ void LoadMessages() {
     Recordset rs;
     rs.Open(QStringLiteral("SELECT * FROM Messages"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
     while (!rs.IsEOF()) {
-        rows << MainPanes::MessageRow(TextOf(rs.Field(QStringLiteral("Title"))), TextOf(rs.Field(QStringLiteral("Body"))),
-                                      dates.Shown(TextOf(rs.Field(QStringLiteral("Date")))),
-                                      IsReminderType(rs.Field(QStringLiteral("Type"))));
+        rows << MainPanes::MessageRow(
+            TextOf(rs.Field(QStringLiteral("Title"))), TextOf(rs.Field(QStringLiteral("Body"))),
+            dates.Shown(TextOf(rs.Field(QStringLiteral("Date")))), IsReminderType(rs.Field(QStringLiteral("Type"))));
         rs.MoveNext();
     }
     rs.Close();

@@ -28,8 +28,10 @@ qint32 clsMessages::ReminderTime() const { return CLng(rs.Field(QStringLiteral("
 bool clsMessages::WriteNew(const QString& title, QString& body, const QString& date, int type, int reminderTime) {
     return Trapped(QStringLiteral("Message.WriteNew"), false, [&] {
         OpenDB(QStringLiteral("SELECT * FROM Messages"), adOpenStatic, adLockOptimistic);
-        if (!rs.IsEOF()) rs.MoveLast();
-        else body = QStringLiteral("(None)");
+        if (!rs.IsEOF())
+            rs.MoveLast();
+        else
+            body = QStringLiteral("(None)");
         rs.AddNew();
         rs.setField(QStringLiteral("Title"), title);
         rs.setField(QStringLiteral("Body"), body);
@@ -42,8 +44,7 @@ bool clsMessages::WriteNew(const QString& title, QString& body, const QString& d
     });
 }
 
-bool clsMessages::WriteNew(const QString& title, const QString& body, const QString& date, int type,
-                           int reminderTime) {
+bool clsMessages::WriteNew(const QString& title, const QString& body, const QString& date, int type, int reminderTime) {
     QString copy = body;
     return WriteNew(title, copy, date, type, reminderTime);
 }
@@ -53,9 +54,12 @@ bool clsMessages::UpdateMessage(const QString& title) {
         OpenDB(TitleQuery(title), adOpenKeyset, adLockOptimistic);
         const bool found = !rs.IsEOF();
         if (found) {
-            if (!body_.isEmpty()) rs.setField(QStringLiteral("Body"), body_);
-            else if (!date_.isEmpty()) rs.setField(QStringLiteral("Date"), date_);
-            else if (reminderTime_ != 0) rs.setField(QStringLiteral("ReminderTime"), reminderTime_);
+            if (!body_.isEmpty())
+                rs.setField(QStringLiteral("Body"), body_);
+            else if (!date_.isEmpty())
+                rs.setField(QStringLiteral("Date"), date_);
+            else if (reminderTime_ != 0)
+                rs.setField(QStringLiteral("ReminderTime"), reminderTime_);
             rs.Update();
         }
         CloseDB();
@@ -94,9 +98,9 @@ qint32 clsMessages::PurgeExpired() {
                    QStringLiteral("No Expired"));
             return;
         }
-        Response = MsgBox(QStringLiteral("There are ") + QString::number(count) +
-                              QStringLiteral(" messages, Are you sure?"),
-                          Box::YesNo + Box::Question, QStringLiteral("Delete Messages"));
+        Response =
+            MsgBox(QStringLiteral("There are ") + QString::number(count) + QStringLiteral(" messages, Are you sure?"),
+                   Box::YesNo + Box::Question, QStringLiteral("Delete Messages"));
         if (Response == Answer::Yes) {
             rs.MoveFirst();
             while (!rs.IsEOF()) {

@@ -8,11 +8,11 @@
 // they act like 1), 4 fresh or ignored for this run.
 class clsMessages : public RecordsetClass {
 public:
-    QString Subject() const;                  // reads Title
+    QString Subject() const;  // reads Title
     void Subject(const QString& v) { subject_ = v.left(50); }
     QString Body() const;
     void Body(const QString& v) { body_ = v; }
-    QString MesDate() const;                  // reads Date
+    QString MesDate() const;  // reads Date
     void MesDate(const QString& v) { date_ = v; }
     qint32 ReminderTime() const;
     void ReminderTime(qint32 v) { reminderTime_ = v; }

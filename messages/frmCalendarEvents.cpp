@@ -6,12 +6,12 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "core/ChangeNotices.h"
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/PaneIcons.h"
-#include "core/ChangeNotices.h"
 #include "core/Values.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -25,7 +25,8 @@ namespace {
 constexpr int DateRole = MainPanes::ImageKeyRole + 10;
 
 QLabel* Link(const QString& name, const QString& caption, QWidget* parent) {
-    auto* label = new QLabel(QStringLiteral("<a href=\"#\">") + caption.toHtmlEscaped() + QStringLiteral("</a>"), parent);
+    auto* label =
+        new QLabel(QStringLiteral("<a href=\"#\">") + caption.toHtmlEscaped() + QStringLiteral("</a>"), parent);
     label->setObjectName(name);
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     return label;

@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "core/ErrorReport.h"
-#include "core/clsRegistry.h"
 #include "core/Globals.h"
+#include "core/clsRegistry.h"
 #include "messages/EditorToolbar.h"
 #include "platform/RuntimeError.h"
 #include "platform/Ui.h"

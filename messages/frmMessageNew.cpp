@@ -13,11 +13,11 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "core/Globals.h"
+#include "core/ChangeNotices.h"
 #include "core/Dates.h"
+#include "core/Globals.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/ChangeNotices.h"
 #include "messages/EditorToolbar.h"
 #include "messages/clsMessages.h"
 #include "platform/Clock.h"
@@ -149,8 +149,10 @@ void frmMessageNew::tbEditor_ButtonClick(const QString& key) {
 }
 
 void frmMessageNew::tbEditor_ButtonMenuClick(const QString& key) {
-    if (key == QLatin1String("R")) type_ = 1;
-    else if (key == QLatin1String("M")) type_ = 2;
+    if (key == QLatin1String("R"))
+        type_ = 1;
+    else if (key == QLatin1String("M"))
+        type_ = 2;
     SetCaption();
 }
 

@@ -111,9 +111,12 @@ void frmReminder::cmdClose_Click() {
     // exit or start like the first.
     const QString when = cboReminderTimer->currentText();
     qint32 time = 0;
-    if (when == QLatin1String("Before closing Larderkeep")) time = 1;
-    else if (when == QLatin1String("in 10 minutes")) time = 2;
-    else if (when == QLatin1String("in 1 hour")) time = 3;
+    if (when == QLatin1String("Before closing Larderkeep"))
+        time = 1;
+    else if (when == QLatin1String("in 10 minutes"))
+        time = 2;
+    else if (when == QLatin1String("in 1 hour"))
+        time = 3;
     clsMessages messages;
     messages.ReminderTime(time);
     messages.UpdateMessage(title_);

@@ -1,9 +1,9 @@
 #include "messages/rptMessage.h"
 
 #include "core/Dates.h"
+#include "core/Globals.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/Globals.h"
 #include "core/modVerify.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
@@ -17,7 +17,8 @@ Report rptMessage::Build() const {
     Report report(MessageTitle);
     while (!rs.IsEOF()) {
         const QVariant when = rs.Field(QStringLiteral("Date"));
-        const QString shown = IsDate(when) ? Format(QVariant(CDate(when)), QStringLiteral("dddd, mmm d yyyy")) : TextOf(when);
+        const QString shown =
+            IsDate(when) ? Format(QVariant(CDate(when)), QStringLiteral("dddd, mmm d yyyy")) : TextOf(when);
         report.AddParagraph(TextOf(rs.Field(QStringLiteral("Body"))), shown);
         rs.MoveNext();
     }

@@ -22,7 +22,9 @@ qint64 Checked(Wide v) {
 Wide DivideHalfEven(Wide num, Wide den) {
     Wide q = num / den;
     Wide r = num % den;
-    if (r < 0) { r = -r; }
+    if (r < 0) {
+        r = -r;
+    }
     const Wide twice = r * 2;
     if (twice > den || (twice == den && (q % 2 != 0))) q += (num < 0) ? -1 : 1;
     return q;
@@ -30,9 +32,7 @@ Wide DivideHalfEven(Wide num, Wide den) {
 
 }  // namespace
 
-qint64 Currency::fromInteger(long long units) {
-    return Checked(Wide(units) * Scale);
-}
+qint64 Currency::fromInteger(long long units) { return Checked(Wide(units) * Scale); }
 
 Currency Currency::fromDouble(double value) {
     if (!std::isfinite(value)) throw RuntimeError(Err::Overflow);
@@ -99,8 +99,10 @@ std::optional<Currency> Currency::parse(const QString& input) {
     if (overflow) throw RuntimeError(Err::Overflow);
     for (int k = fracDigits; k < 4; ++k) frac *= 10;
     Wide raw = whole * Scale + frac;
-    if (firstDropped > 5 || (firstDropped == 5 && !exactTie)) roundUp = true;
-    else if (firstDropped == 5 && exactTie) roundUp = (raw % 2) != 0;
+    if (firstDropped > 5 || (firstDropped == 5 && !exactTie))
+        roundUp = true;
+    else if (firstDropped == 5 && exactTie)
+        roundUp = (raw % 2) != 0;
     if (roundUp) raw += 1;
     return fromRaw(Checked(negative ? -raw : raw));
 }
@@ -120,9 +122,7 @@ QString Currency::toString() const {
     return out;
 }
 
-Currency Currency::operator-() const {
-    return fromRaw(Checked(-Wide(m_raw)));
-}
+Currency Currency::operator-() const { return fromRaw(Checked(-Wide(m_raw))); }
 
 Currency& Currency::operator+=(const Currency& o) {
     m_raw = Checked(Wide(m_raw) + o.m_raw);
@@ -143,7 +143,10 @@ Currency& Currency::operator/=(const Currency& o) {
     if (o.m_raw == 0) throw RuntimeError(Err::DivisionByZero);
     Wide num = Wide(m_raw) * Scale;
     Wide den = o.m_raw;
-    if (den < 0) { num = -num; den = -den; }
+    if (den < 0) {
+        num = -num;
+        den = -den;
+    }
     m_raw = Checked(DivideHalfEven(num, den));
     return *this;
 }

@@ -21,12 +21,15 @@ public:
     // naturally. Booleans are left out on purpose: their numeric value (-1) is
     // a rule of the conversion functions, not of money.
     template <std::integral T>
-        requires(!std::same_as<T, bool>)
-    Currency(T units) : m_raw(fromInteger(static_cast<long long>(units))) {}
+    requires(!std::same_as<T, bool>) Currency(T units) : m_raw(fromInteger(static_cast<long long>(units))) {}
     template <std::floating_point T>
     Currency(T value) : m_raw(fromDouble(static_cast<double>(value)).m_raw) {}
 
-    static constexpr Currency fromRaw(qint64 raw) { Currency c; c.m_raw = raw; return c; }
+    static constexpr Currency fromRaw(qint64 raw) {
+        Currency c;
+        c.m_raw = raw;
+        return c;
+    }
     // Half to even at 4 places, applied to the number as written (its shortest
     // round-trip decimal), so 0.00015 is a tie and becomes 0.0002.
     static Currency fromDouble(double value);

@@ -92,8 +92,7 @@ void Database::Open(const QString& connectionString, const QString&, const QStri
 void Database::Open(const QString& path) {
     Close();
     const QFileInfo fi(path);
-    if (!fi.exists() || !fi.isFile())
-        throw DbError(QStringLiteral("Could not find file '%1'.").arg(path));
+    if (!fi.exists() || !fi.isFile()) throw DbError(QStringLiteral("Could not find file '%1'.").arg(path));
 
     // One connection on one thread: SQLite's own locking would only cost time.
     Connection db(OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX), &sqlite3_close_v2);
@@ -260,8 +259,8 @@ sqlite3_stmt* Database::CachedStatement(const QString& sql) {
     }
     sqlite3_stmt* st = nullptr;
     const QByteArray text = sql.toUtf8();
-    if (sqlite3_prepare_v3(db_, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &st,
-                           nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v3(db_, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &st, nullptr) !=
+        SQLITE_OK)
         ThrowLastError();
     statements_.insert(sql, st);
     return st;
@@ -305,7 +304,10 @@ QString Database::TranslateQuery(const QString& sql) {
             int j = i + 1;
             while (j < n) {
                 if (sql[j] == QLatin1Char('\'')) {
-                    if (j + 1 < n && sql[j + 1] == QLatin1Char('\'')) { j += 2; continue; }
+                    if (j + 1 < n && sql[j + 1] == QLatin1Char('\'')) {
+                        j += 2;
+                        continue;
+                    }
                     break;
                 }
                 ++j;
@@ -318,7 +320,11 @@ QString Database::TranslateQuery(const QString& sql) {
             int j = i + 1;
             while (j < n) {
                 if (sql[j] == QLatin1Char('"')) {
-                    if (j + 1 < n && sql[j + 1] == QLatin1Char('"')) { value += QLatin1Char('"'); j += 2; continue; }
+                    if (j + 1 < n && sql[j + 1] == QLatin1Char('"')) {
+                        value += QLatin1Char('"');
+                        j += 2;
+                        continue;
+                    }
                     break;
                 }
                 value += sql[j];
@@ -328,12 +334,18 @@ QString Database::TranslateQuery(const QString& sql) {
             i = j + 1;
         } else if (c == QLatin1Char('[')) {
             const int j = sql.indexOf(QLatin1Char(']'), i + 1);
-            if (j < 0) { out += sql.mid(i); break; }
+            if (j < 0) {
+                out += sql.mid(i);
+                break;
+            }
             out += QuoteName(sql.mid(i + 1, j - i - 1));
             i = j + 1;
         } else if (c == QLatin1Char('`')) {
             const int j = sql.indexOf(QLatin1Char('`'), i + 1);
-            if (j < 0) { out += sql.mid(i); break; }
+            if (j < 0) {
+                out += sql.mid(i);
+                break;
+            }
             out += sql.mid(i, j - i + 1);
             i = j + 1;
         } else if (c == QLatin1Char('#')) {

@@ -59,8 +59,7 @@ public:
     // ours, read-only or locked by another program.
     void Open(const QString& path);
     // The connection-string form: the path follows "Data Source =".
-    void Open(const QString& connectionString, const QString& user, const QString& password,
-              int options);
+    void Open(const QString& connectionString, const QString& user, const QString& password, int options);
     void Close();
     bool IsOpen() const { return db_ != nullptr; }
     QString Path() const { return path_; }

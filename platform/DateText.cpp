@@ -7,15 +7,13 @@
 namespace {
 
 const std::array<QString, 12> kMonths = {
-    QStringLiteral("January"), QStringLiteral("February"), QStringLiteral("March"),
-    QStringLiteral("April"),   QStringLiteral("May"),      QStringLiteral("June"),
-    QStringLiteral("July"),    QStringLiteral("August"),   QStringLiteral("September"),
-    QStringLiteral("October"), QStringLiteral("November"), QStringLiteral("December")};
+    QStringLiteral("January"),   QStringLiteral("February"), QStringLiteral("March"),    QStringLiteral("April"),
+    QStringLiteral("May"),       QStringLiteral("June"),     QStringLiteral("July"),     QStringLiteral("August"),
+    QStringLiteral("September"), QStringLiteral("October"),  QStringLiteral("November"), QStringLiteral("December")};
 
 const std::array<QString, 7> kWeekdays = {
-    QStringLiteral("Monday"), QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
-    QStringLiteral("Thursday"), QStringLiteral("Friday"), QStringLiteral("Saturday"),
-    QStringLiteral("Sunday")};
+    QStringLiteral("Monday"), QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"), QStringLiteral("Thursday"),
+    QStringLiteral("Friday"), QStringLiteral("Saturday"), QStringLiteral("Sunday")};
 
 // A name may be written in full or shortened to at least three letters
 // ("Nov", "Sept", "Thurs"); anything shorter is too ambiguous to be a date.
@@ -36,8 +34,7 @@ int FullYear(const QString& digits) {
     return -1;
 }
 
-const QString kTime = QStringLiteral(
-    R"((\d{1,2}):(\d{1,2})(?::(\d{1,2})(?:\.\d+)?)?\s*([AP]M?)?)");
+const QString kTime = QStringLiteral(R"((\d{1,2}):(\d{1,2})(?::(\d{1,2})(?:\.\d+)?)?\s*([AP]M?)?)");
 
 std::optional<QTime> TimeFrom(const QRegularExpressionMatch& m, int first) {
     if (!m.hasCaptured(first)) return QTime(0, 0);
@@ -77,11 +74,11 @@ std::optional<QDateTime> ParseDateText(const QString& input) {
         Rx(QStringLiteral(R"((\d{4})/(\d{1,2})/(\d{1,2})(?:\s+)") + kTime + QStringLiteral(")?"));
     static const QRegularExpression mdy =
         Rx(QStringLiteral(R"((\d{1,2})([/-])(\d{1,2})\2(\d{4}|\d{2})(?:\s+)") + kTime + QStringLiteral(")?"));
-    static const QRegularExpression named = Rx(
-        QStringLiteral(R"((?:([a-z]+)\.?,?\s+)?([a-z]+)\.?\s+(\d{1,2}),?\s+(\d{4}|\d{2})(?:,?\s+)") + kTime +
-        QStringLiteral(")?"));
-    static const QRegularExpression dayFirst = Rx(
-        QStringLiteral(R"((\d{1,2})[\s-]+([a-z]+)\.?[\s-]+(\d{4}|\d{2})(?:\s+)") + kTime + QStringLiteral(")?"));
+    static const QRegularExpression named =
+        Rx(QStringLiteral(R"((?:([a-z]+)\.?,?\s+)?([a-z]+)\.?\s+(\d{1,2}),?\s+(\d{4}|\d{2})(?:,?\s+)") + kTime +
+           QStringLiteral(")?"));
+    static const QRegularExpression dayFirst =
+        Rx(QStringLiteral(R"((\d{1,2})[\s-]+([a-z]+)\.?[\s-]+(\d{4}|\d{2})(?:\s+)") + kTime + QStringLiteral(")?"));
 
     const QString text = input.trimmed();
     if (text.isEmpty() || !text.front().isLetterOrNumber()) return std::nullopt;

@@ -59,8 +59,7 @@ void CreateTemplateDatabase(const QString& path) {
         cached = built;
     }
     QFile::remove(path);
-    if (!QFile::copy(cached, path))
-        throw DbError(QStringLiteral("The database could not be written to %1.").arg(path));
+    if (!QFile::copy(cached, path)) throw DbError(QStringLiteral("The database could not be written to %1.").arg(path));
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
 }
 
@@ -97,8 +96,9 @@ bool Run(QString* error) {
     if (QFileInfo::exists(folder)) return true;
     auto failed = [&](const QString& why) {
         if (error)
-            *error = QStringLiteral("Larderkeep could not create its data folder %1 (%2). "
-                                    "Please check that you may write there, or set LARDERKEEP_HOME to another folder.")
+            *error = QStringLiteral(
+                         "Larderkeep could not create its data folder %1 (%2). "
+                         "Please check that you may write there, or set LARDERKEEP_HOME to another folder.")
                          .arg(QDir::toNativeSeparators(folder), why);
         return false;
     };

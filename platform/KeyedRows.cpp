@@ -32,8 +32,7 @@ sqlite3_stmt* KeyedRows::Start(Database& db, const QString& withKey, const std::
     // alone, the keys would come from whichever index is smallest.
     static const QRegularExpression orderRe(QStringLiteral("\\bORDER\\s+BY\\b"),
                                             QRegularExpression::CaseInsensitiveOption);
-    const QString keyOrder =
-        orderRe.match(withKey).hasMatch() ? QString() : QStringLiteral(" ORDER BY ") + kKeyColumn;
+    const QString keyOrder = orderRe.match(withKey).hasMatch() ? QString() : QStringLiteral(" ORDER BY ") + kKeyColumn;
     QString refused;
     sqlite3_stmt* keys = db.PrepareQuery(
         QStringLiteral("SELECT ") + kKeyColumn + QStringLiteral(" FROM (") + withKey + QLatin1Char(')') + keyOrder,
@@ -61,8 +60,8 @@ const QVariant* KeyedRows::ColumnCache::Find(size_t position, qint64 rowid) {
         for (size_t i = 0; i < rowids.size(); ++i) byRowid[i] = int(i);
         std::sort(byRowid.begin(), byRowid.end(), [this](int a, int b) { return rowids[a] < rowids[b]; });
     }
-    const auto it = std::lower_bound(byRowid.begin(), byRowid.end(), rowid,
-                                     [this](int i, qint64 key) { return rowids[i] < key; });
+    const auto it =
+        std::lower_bound(byRowid.begin(), byRowid.end(), rowid, [this](int i, qint64 key) { return rowids[i] < key; });
     if (it == byRowid.end() || rowids[*it] != rowid) return nullptr;
     return &values[*it];
 }

@@ -21,25 +21,48 @@ int QtUi::MsgBox(const QString& prompt, int buttons, const QString& title, const
     box.setWindowTitle(title.isEmpty() ? DefaultBoxTitle() : title);
     box.setText(prompt);
     switch (buttons & 0x70) {
-    case Box::Critical: box.setIcon(QMessageBox::Critical); break;
-    case Box::Question: box.setIcon(QMessageBox::Question); break;
-    case Box::Exclamation: box.setIcon(QMessageBox::Warning); break;
-    case Box::Information: box.setIcon(QMessageBox::Information); break;
-    default: break;
+    case Box::Critical:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case Box::Question:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case Box::Exclamation:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case Box::Information:
+        box.setIcon(QMessageBox::Information);
+        break;
+    default:
+        break;
     }
-    struct Choice { QMessageBox::StandardButton button; int code; };
+    struct Choice {
+        QMessageBox::StandardButton button;
+        int code;
+    };
     QList<Choice> choices;
     switch (buttons & 0x7) {
-    case Box::OKCancel: choices = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}}; break;
+    case Box::OKCancel:
+        choices = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}};
+        break;
     case Box::AbortRetryIgnore:
-        choices = {{QMessageBox::Abort, Answer::Abort}, {QMessageBox::Retry, Answer::Retry}, {QMessageBox::Ignore, Answer::Ignore}};
+        choices = {{QMessageBox::Abort, Answer::Abort},
+                   {QMessageBox::Retry, Answer::Retry},
+                   {QMessageBox::Ignore, Answer::Ignore}};
         break;
     case Box::YesNoCancel:
-        choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
+        choices = {
+            {QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
         break;
-    case Box::YesNo: choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}; break;
-    case Box::RetryCancel: choices = {{QMessageBox::Retry, Answer::Retry}, {QMessageBox::Cancel, Answer::Cancel}}; break;
-    default: choices = {{QMessageBox::Ok, Answer::OK}}; break;
+    case Box::YesNo:
+        choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}};
+        break;
+    case Box::RetryCancel:
+        choices = {{QMessageBox::Retry, Answer::Retry}, {QMessageBox::Cancel, Answer::Cancel}};
+        break;
+    default:
+        choices = {{QMessageBox::Ok, Answer::OK}};
+        break;
     }
     for (const Choice& c : choices) box.addButton(c.button);
     const int defaultIndex = (buttons & Box::DefaultButton3) ? 2 : (buttons & Box::DefaultButton2) ? 1 : 0;
@@ -53,8 +76,9 @@ int QtUi::MsgBox(const QString& prompt, int buttons, const QString& title, const
             if (QFileInfo::exists(helpFile))
                 QDesktopServices::openUrl(QUrl::fromLocalFile(helpFile));
             else
-                QMessageBox::information(&box, DefaultBoxTitle(),
-                                         QStringLiteral("Help is not available: %1 (topic %2)").arg(helpFile).arg(context));
+                QMessageBox::information(
+                    &box, DefaultBoxTitle(),
+                    QStringLiteral("Help is not available: %1 (topic %2)").arg(helpFile).arg(context));
         });
     }
     box.exec();

@@ -50,8 +50,7 @@ std::optional<double> NumberOf(const QVariant& v, bool allowDollar) {
     case QMetaType::QString: {
         QString t = v.toString().trimmed();
         if (allowDollar && t.startsWith(QLatin1Char('$'))) t = t.mid(1).trimmed();
-        static const QRegularExpression numberRe(
-            QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eE][+-]?\\d+)?$"));
+        static const QRegularExpression numberRe(QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eE][+-]?\\d+)?$"));
         if (!numberRe.match(t).hasMatch()) return std::nullopt;
         return t.toDouble();
     }
@@ -68,8 +67,7 @@ QVariant ToStorage(const QVariant& v, ColumnKind kind, int length) {
     case ColumnKind::LongText:
     case ColumnKind::DateText: {
         QString text;
-        if (kind == ColumnKind::DateText &&
-            (v.typeId() == QMetaType::QDate || v.typeId() == QMetaType::QDateTime)) {
+        if (kind == ColumnKind::DateText && (v.typeId() == QMetaType::QDate || v.typeId() == QMetaType::QDateTime)) {
             text = v.typeId() == QMetaType::QDate ? IsoDateText(v.toDate()) : IsoDateText(v.toDateTime());
         } else {
             text = ValueText(v);
@@ -77,8 +75,7 @@ QVariant ToStorage(const QVariant& v, ColumnKind kind, int length) {
                 if (const auto d = ParseDateText(text)) text = IsoDateText(*d);
             }
         }
-        if (kind != ColumnKind::LongText && length > 0 && text.size() > length)
-            throw RuntimeError(Err::FieldTooSmall);
+        if (kind != ColumnKind::LongText && length > 0 && text.size() > length) throw RuntimeError(Err::FieldTooSmall);
         return text;
     }
     case ColumnKind::Boolean: {
@@ -174,10 +171,10 @@ bool IsWordChar(QChar c) { return c.isLetterOrNumber() || c == QLatin1Char('_');
 // table, and its key would name an arbitrary member of the group. Texts,
 // quoted names and whatever stands in parentheses (subqueries too) do not count.
 bool Grouped(const QString& sql) {
-    static const QLatin1StringView kAggregates[] = {
-        QLatin1StringView("count"), QLatin1StringView("sum"), QLatin1StringView("avg"),
-        QLatin1StringView("min"), QLatin1StringView("max"), QLatin1StringView("total"),
-        QLatin1StringView("group_concat"), QLatin1StringView("string_agg")};
+    static const QLatin1StringView kAggregates[] = {QLatin1StringView("count"),        QLatin1StringView("sum"),
+                                                    QLatin1StringView("avg"),          QLatin1StringView("min"),
+                                                    QLatin1StringView("max"),          QLatin1StringView("total"),
+                                                    QLatin1StringView("group_concat"), QLatin1StringView("string_agg")};
     const QStringView text(sql);
     const qsizetype n = text.size();
     int depth = 0;
@@ -199,8 +196,10 @@ bool Grouped(const QString& sql) {
             continue;
         }
         if (!IsWordChar(c)) {
-            if (c == QLatin1Char('(')) ++depth;
-            else if (c == QLatin1Char(')')) --depth;
+            if (c == QLatin1Char('('))
+                ++depth;
+            else if (c == QLatin1Char(')'))
+                --depth;
             ++i;
             continue;
         }
@@ -437,8 +436,7 @@ void Recordset::ReloadRow(Row& row) {
 }
 
 void Recordset::FetchAll() const {
-    while (FetchOne()) {
-    }
+    while (FetchOne()) {}
 }
 
 void Recordset::SetPosition(At at, int index) const {
@@ -582,15 +580,19 @@ void Recordset::MoveLast() {
     FlushEdit();
     // Left unresolved until something reads the row: adding a row after moving
     // last must not read the whole table.
-    if (HasLiveRow()) SetPosition(At::LastPending, 0);
-    else SetPosition(At::EOF_, 0);
+    if (HasLiveRow())
+        SetPosition(At::LastPending, 0);
+    else
+        SetPosition(At::EOF_, 0);
 }
 
 Recordset::Row* Recordset::CurrentRow() const {
     Resolve();
     Row* row = nullptr;
-    if (s_.at == At::Base) row = &s_.rows[s_.pos];
-    else if (s_.at == At::Added) row = &s_.added[s_.pos];
+    if (s_.at == At::Base)
+        row = &s_.rows[s_.pos];
+    else if (s_.at == At::Added)
+        row = &s_.added[s_.pos];
     if (!row || row->deleted) throw RuntimeError(Err::NoCurrentRecord);
     return row;
 }

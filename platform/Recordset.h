@@ -22,8 +22,7 @@ public:
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    void Open(const QString& sql, Database& db, int cursorType = adOpenForwardOnly,
-              int lockType = adLockReadOnly);
+    void Open(const QString& sql, Database& db, int cursorType = adOpenForwardOnly, int lockType = adLockReadOnly);
     void Close();
     bool IsOpen() const { return s_.db != nullptr; }
 

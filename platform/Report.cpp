@@ -82,9 +82,7 @@ void Report::SetColumns(const QStringList& captions) {
     for (const QString& caption : captions) columns_ << Column{caption};
 }
 
-void Report::AddGroup(const QString& heading, int level) {
-    lines_ << Line{Line::Group, level, {heading}};
-}
+void Report::AddGroup(const QString& heading, int level) { lines_ << Line{Line::Group, level, {heading}}; }
 
 void Report::AddRow(const QStringList& cells) {
     lines_ << Line{Line::Row, 0, cells};
@@ -224,8 +222,7 @@ bool Report::Print(QWidget* parent, bool showDialog) const {
     if (QPrinterInfo::availablePrinters().isEmpty()) {
         // No printer on this machine: a PDF is the printout.
         const QString path = TheUi().SaveFileName(QStringLiteral("Save %1 as PDF").arg(title_),
-                                                  QDir::homePath() + QLatin1Char('/') + title_ +
-                                                      QStringLiteral(".pdf"),
+                                                  QDir::homePath() + QLatin1Char('/') + title_ + QStringLiteral(".pdf"),
                                                   QStringLiteral("PDF files (*.pdf)"));
         if (path.isEmpty()) return false;
         if (SavePdf(path)) return true;

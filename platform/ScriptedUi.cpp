@@ -9,9 +9,12 @@ namespace {
 // The answer of the button a box starts on: the first unless the flags
 // choose the second or third.
 int DefaultAnswer(int buttons) {
-    static const QList<QList<int>> kButtons = {
-        {Answer::OK},  {Answer::OK, Answer::Cancel}, {Answer::Abort, Answer::Retry, Answer::Ignore},
-        {Answer::Yes, Answer::No, Answer::Cancel}, {Answer::Yes, Answer::No}, {Answer::Retry, Answer::Cancel}};
+    static const QList<QList<int>> kButtons = {{Answer::OK},
+                                               {Answer::OK, Answer::Cancel},
+                                               {Answer::Abort, Answer::Retry, Answer::Ignore},
+                                               {Answer::Yes, Answer::No, Answer::Cancel},
+                                               {Answer::Yes, Answer::No},
+                                               {Answer::Retry, Answer::Cancel}};
     const QList<int>& row = kButtons.value(buttons & 0x7, kButtons[0]);
     const int which = (buttons & Box::DefaultButton3) ? 2 : (buttons & Box::DefaultButton2) ? 1 : 0;
     return row.value(which, row.first());
@@ -28,10 +31,9 @@ void ScriptedUi::Unexpected(const Interaction& box) {
     throw std::logic_error(("unexpected " + box.kind + ": " + box.prompt + " [" + box.title + "]").toStdString());
 }
 
-int ScriptedUi::MsgBox(const QString& prompt, int buttons, const QString& title, const QString& helpFile,
-                       int context) {
-    const Interaction box{QStringLiteral("MsgBox"), prompt, title.isEmpty() ? DefaultBoxTitle() : title, buttons,
-                          helpFile, context};
+int ScriptedUi::MsgBox(const QString& prompt, int buttons, const QString& title, const QString& helpFile, int context) {
+    const Interaction box{
+        QStringLiteral("MsgBox"), prompt, title.isEmpty() ? DefaultBoxTitle() : title, buttons, helpFile, context};
     boxes_ << box;
     if (answers_.isEmpty()) {
         Unexpected(box);

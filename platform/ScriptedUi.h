@@ -23,8 +23,7 @@ public:
         int context = 0;
     };
 
-    int MsgBox(const QString& prompt, int buttons, const QString& title, const QString& helpFile,
-               int context) override;
+    int MsgBox(const QString& prompt, int buttons, const QString& title, const QString& helpFile, int context) override;
     QString InputBox(const QString& prompt, const QString& title, const QString& def) override;
     QString OpenFileName(const QString& title, const QString& dir, const QString& filter) override;
     QString SaveFileName(const QString& title, const QString& dir, const QString& filter) override;

@@ -47,8 +47,10 @@ void Commit(QSettings& s, const QString& key, const QVariant& before) {
     QDir().mkpath(QFileInfo(s.fileName()).absolutePath());
     s.sync();
     if (s.status() != QSettings::AccessError) return;
-    if (before.isValid()) s.setValue(key, before);
-    else s.remove(key);
+    if (before.isValid())
+        s.setValue(key, before);
+    else
+        s.remove(key);
     // The status sticks to the object; a new one may succeed once the file can be written.
     Cached().settings.reset();
     throw RuntimeError(QStringLiteral("Permission denied"));
@@ -78,9 +80,7 @@ QString GetSetting(const QString& section, const QString& key, const QString& de
     return FindSetting(section, key).value_or(def);
 }
 
-bool HasSetting(const QString& section, const QString& key) {
-    return FreshStore().contains(Path(section, key));
-}
+bool HasSetting(const QString& section, const QString& key) { return FreshStore().contains(Path(section, key)); }
 
 void SaveSetting(const QString& section, const QString& key, const QString& value) {
     QSettings& s = FreshStore();

@@ -65,12 +65,10 @@ QVariant SqliteCell::Value(const char* data, ColumnKind kind) const {
     case ColumnKind::Currency:
         return QVariant::fromValue(Currency::fromDouble(type == SQLITE_INTEGER ? double(integer)
                                                         : type == SQLITE_FLOAT ? real
-                                                                                : text().toDouble()));
+                                                                               : text().toDouble()));
     case ColumnKind::Int16:
     case ColumnKind::Int32:
-        return int(type == SQLITE_INTEGER ? integer
-                   : type == SQLITE_FLOAT ? qint64(real)
-                                          : text().toLongLong());
+        return int(type == SQLITE_INTEGER ? integer : type == SQLITE_FLOAT ? qint64(real) : text().toLongLong());
     case ColumnKind::Double:
         return type == SQLITE_INTEGER ? double(integer) : type == SQLITE_FLOAT ? real : text().toDouble();
     case ColumnKind::Date: {

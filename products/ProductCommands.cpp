@@ -29,7 +29,7 @@ QString SelectedManufacturer() {
     QStandardItem* node = panes.CurrentNode(panes.coupons);
     if (node && node->data(MainPanes::TagRole).toString() != QLatin1String("Manufacturer")) node = node->parent();
     return node && node->data(MainPanes::TagRole).toString() == QLatin1String("Manufacturer") ? node->text()
-                                                                                             : QString();
+                                                                                              : QString();
 }
 
 }  // namespace

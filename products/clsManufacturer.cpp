@@ -1,11 +1,11 @@
 #include "products/clsManufacturer.h"
 
+#include "core/ChangeNotices.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/MainPanes.h"
 #include "core/TableRows.h"
 #include "core/Values.h"
-#include "core/ChangeNotices.h"
-#include "core/MainPanes.h"
 #include "core/modBarcode.h"
 #include "core/modVerify.h"
 #include "platform/Ui.h"
@@ -45,11 +45,12 @@ bool clsManufacturer::WriteNew() {
 void clsManufacturer::RenameManufacturer(const QString& oldName, const QString& newName) {
     Trap(QStringLiteral("Manufacturer.RenameManufacturer"), [&] {
         const QString old = SqlText(oldName);
-        SetEveryRow(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + old, QStringLiteral("Name"), newName);
-        SetEveryRow(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
-                 newName);
-        SetEveryRow(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + old, QStringLiteral("Manufacturer"),
-                 newName);
+        SetEveryRow(QStringLiteral("SELECT * FROM Manufacturer WHERE [Name] = ") + old, QStringLiteral("Name"),
+                    newName);
+        SetEveryRow(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + old,
+                    QStringLiteral("Manufacturer"), newName);
+        SetEveryRow(QStringLiteral("SELECT * FROM Coupons WHERE [Manufacturer] = ") + old,
+                    QStringLiteral("Manufacturer"), newName);
     });
 }
 
@@ -60,13 +61,13 @@ bool clsManufacturer::DeleteManufacturer(const QString& name) {
         products.Open(QStringLiteral("SELECT * FROM Product WHERE [Manufacturer] = ") + key, ConnectionMain(),
                       adOpenKeyset, adLockOptimistic);
         if (!products.IsEOF()) {
-            const int answer = MsgBox(
-                QStringLiteral("There are Products for ") + name +
-                    QStringLiteral(". Do you wish to delete these Products or set the Manufacturer to 'Any'?") + kCrLf +
-                    kCrLf + QStringLiteral(" • Click 'Yes' to delete this Manufacturer.") + kCrLf +
-                    QStringLiteral(" • Click 'No' to reset the Manufacturer to 'Any'.") + kCrLf +
-                    QStringLiteral(" • Click 'Cancel' to Exit."),
-                Box::YesNoCancel + Box::Question, QStringLiteral("Products Found"));
+            const int answer =
+                MsgBox(QStringLiteral("There are Products for ") + name +
+                           QStringLiteral(". Do you wish to delete these Products or set the Manufacturer to 'Any'?") +
+                           kCrLf + kCrLf + QStringLiteral(" • Click 'Yes' to delete this Manufacturer.") + kCrLf +
+                           QStringLiteral(" • Click 'No' to reset the Manufacturer to 'Any'.") + kCrLf +
+                           QStringLiteral(" • Click 'Cancel' to Exit."),
+                       Box::YesNoCancel + Box::Question, QStringLiteral("Products Found"));
             if (answer == Answer::Cancel) return false;
             while (!products.IsEOF()) {
                 if (answer == Answer::Yes) {

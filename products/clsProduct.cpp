@@ -289,7 +289,7 @@ std::optional<Currency> clsProduct::CostFromText(const QString& text) {
 std::optional<Currency> clsProduct::TypedCost(const QString& text) {
     const std::optional<Currency> cost = CostFromText(text);
     if (!cost)
-        MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."),
-               Box::Exclamation, QStringLiteral("Cost Error"));
+        MsgBox(QStringLiteral("The Cost value must be a numeric value, but the '$' sign is allowed."), Box::Exclamation,
+               QStringLiteral("Cost Error"));
     return cost;
 }

@@ -7,9 +7,9 @@
 #include "platform/Recordset.h"
 #include "platform/Ui.h"
 #include "products/ProductEvents.h"
+#include "products/clsManufacturer.h"
 #include "products/clsProduct.h"
 #include "stores/clsItemCategory.h"
-#include "products/clsManufacturer.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -48,8 +48,10 @@ frmProductDetail::frmProductDetail(qint32 productID, QWidget* parent) : QDialog(
 
     txtProduct = new QLineEdit(this);
     txtProduct->setObjectName(QStringLiteral("txtProduct"));
-    cboManufacturer = Names(this, QStringLiteral("cboManufacturer"), QStringLiteral("SELECT [Name] FROM Manufacturer ORDER BY [Name]"));
-    cboCategory = Names(this, QStringLiteral("cboCategory"), QStringLiteral("SELECT [Name] FROM ItemCategory ORDER BY [Name]"));
+    cboManufacturer = Names(this, QStringLiteral("cboManufacturer"),
+                            QStringLiteral("SELECT [Name] FROM Manufacturer ORDER BY [Name]"));
+    cboCategory =
+        Names(this, QStringLiteral("cboCategory"), QStringLiteral("SELECT [Name] FROM ItemCategory ORDER BY [Name]"));
     txtSize = new QLineEdit(this);
     txtSize->setObjectName(QStringLiteral("txtSize"));
     txtCost = new QLineEdit(this);
@@ -135,10 +137,10 @@ void frmProductDetail::Form_Load() {
                  ConnectionMain(), adOpenKeyset, adLockReadOnly);
     for (; !history.IsEOF(); history.MoveNext()) {
         const QVariant paid = history.Field(QStringLiteral("ItemListCost"));
-        lvPriceHistory->addTopLevelItem(new QTreeWidgetItem(QStringList
-            {Format(history.Field(QStringLiteral("ItemListDate")), Registry().DateDisplayFormat()),
-             TextOf(history.Field(QStringLiteral("ItemStore"))), TextOf(history.Field(QStringLiteral("ItemListName"))),
-             Format(IsNull(paid) ? QVariant(0) : paid, QStringLiteral("$#,##0.00"))}));
+        lvPriceHistory->addTopLevelItem(new QTreeWidgetItem(QStringList{
+            Format(history.Field(QStringLiteral("ItemListDate")), Registry().DateDisplayFormat()),
+            TextOf(history.Field(QStringLiteral("ItemStore"))), TextOf(history.Field(QStringLiteral("ItemListName"))),
+            Format(IsNull(paid) ? QVariant(0) : paid, QStringLiteral("$#,##0.00"))}));
     }
     for (int c = 0; c < lvPriceHistory->columnCount(); ++c) lvPriceHistory->resizeColumnToContents(c);
 }
@@ -164,8 +166,8 @@ bool frmProductDetail::cmdSave_Click() {
     r.setField(QStringLiteral("Size"), txtSize->text().trimmed());
     r.setField(QStringLiteral("Cost"), QVariant::fromValue(*cost));
     r.setField(QStringLiteral("lookout"), chkLookout->isChecked());
-    r.setField(QStringLiteral("Barcode"), txtBarcode->text().trimmed().isEmpty() ? QStringLiteral("0")
-                                                                                 : txtBarcode->text().trimmed());
+    r.setField(QStringLiteral("Barcode"),
+               txtBarcode->text().trimmed().isEmpty() ? QStringLiteral("0") : txtBarcode->text().trimmed());
     r.Update();
 
     // New names become known the way entry makes them known.

@@ -126,17 +126,20 @@ frmProductNew::frmProductNew(QWidget* parent) : QDialog(parent) {
     connect(cmdAddProduct, &QPushButton::clicked, this, &frmProductNew::cmdAddProduct_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCalculator, &QPushButton::clicked, this, &frmProductNew::cmdCalculator_Click);
-    for (QWidget* w : {static_cast<QWidget*>(cboManufacturer), static_cast<QWidget*>(cboStore),
-                       static_cast<QWidget*>(txtCost)})
+    for (QWidget* w :
+         {static_cast<QWidget*>(cboManufacturer), static_cast<QWidget*>(cboStore), static_cast<QWidget*>(txtCost)})
         w->installEventFilter(this);
     Form_Load();
 }
 
 bool frmProductNew::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
-        if (watched == cboManufacturer) cboManufacturer_LostFocus();
-        else if (watched == cboStore) cboStore_LostFocus();
-        else if (watched == txtCost) txtCost_Validate();
+        if (watched == cboManufacturer)
+            cboManufacturer_LostFocus();
+        else if (watched == cboStore)
+            cboStore_LostFocus();
+        else if (watched == txtCost)
+            txtCost_Validate();
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -205,7 +208,8 @@ void frmProductNew::cmdAddProduct_Click() {
     }
     if (!txtCost_Validate()) return;
     const Currency cost = clsProduct::CostFromText(txtCost->text()).value_or(Currency());
-    const QString manufacturer = Chosen(cboManufacturer) ? cboManufacturer->currentText().trimmed() : QStringLiteral("Any");
+    const QString manufacturer =
+        Chosen(cboManufacturer) ? cboManufacturer->currentText().trimmed() : QStringLiteral("Any");
     const QString category = Chosen(cboCategory) ? cboCategory->currentText().trimmed() : QString();
     const QString barcode = QStringLiteral("0");
 

@@ -27,8 +27,10 @@ int Place(const QString& text, int from, int length) {
 // Year, month and day as the date functions take them: months and days
 // beyond their range roll into the next, two-digit years are 19xx or 20xx.
 QDate SerialDate(int year, int month, int day) {
-    if (year >= 0 && year < 30) year += 2000;
-    else if (year >= 30 && year < 100) year += 1900;
+    if (year >= 0 && year < 30)
+        year += 2000;
+    else if (year >= 30 && year < 100)
+        year += 1900;
     QDate d(year, 1, 1);
     d = d.addMonths(month - 1).addDays(day - 1);
     if (!d.isValid() || d.year() < 100 || d.year() > 9999) throw RuntimeError(Err::Overflow);
@@ -86,8 +88,8 @@ QString clsCalendar::WriteData(const QString& FileBaseName) {
         TextFile::Write(path, Text());
 
         Response = MsgBox(name + QStringLiteral(".vcs was") + QStringLiteral(" created.") + kCrLf +
-                                      QStringLiteral("Would you like to sent it to someone? "),
-                                  Box::YesNo + Box::Question, QStringLiteral("Send Calendar Event"));
+                              QStringLiteral("Would you like to sent it to someone? "),
+                          Box::YesNo + Box::Question, QStringLiteral("Send Calendar Event"));
         if (Response == Answer::Yes) {
             const QString address = InputBox(QStringLiteral("What email address would you like to send it to?"),
                                              QStringLiteral("Email Address"));

@@ -11,8 +11,7 @@ public:
     // parts that are not empty. Subject and body go in as typed: a "&" in them
     // ends the field early in the mail program.
     // Returns the link that was handed on.
-    QString SendEmail(const QString& Address, const QString& Subject, const QString& Body,
-                      const QString& Attachment);
+    QString SendEmail(const QString& Address, const QString& Subject, const QString& Body, const QString& Attachment);
 
     // The link as SendEmail builds it, without opening anything.
     static QString MailLink(const QString& Address, const QString& Subject, const QString& Body,

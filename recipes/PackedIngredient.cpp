@@ -20,9 +20,7 @@ QString PackedIngredient::Pack(const QString& quantity, const QString& unit, con
     return (quantity + Separator + unit + Separator + name + Separator + preparation).left(MaxLength);
 }
 
-QString PackedIngredient::Field(const QString& packed, int index) {
-    return Split(packed, Separator)[index];
-}
+QString PackedIngredient::Field(const QString& packed, int index) { return Split(packed, Separator)[index]; }
 
 QString PackedIngredient::Quantity(const QString& packed) { return Field(packed, 0).trimmed(); }
 

@@ -23,8 +23,8 @@ struct PackedIngredient {
     static inline const QString DefaultQuantity = QStringLiteral("      1");
     static inline const QString EmptyUnit = QStringLiteral("ea");
 
-    QString quantity;     // trimmed
-    QString unit;         // as stored, "" when none
+    QString quantity;  // trimmed
+    QString unit;      // as stored, "" when none
     QString name;
     QString preparation;
     bool hasPreparation = false;
@@ -39,8 +39,7 @@ struct PackedIngredient {
     static QString PadQuantity(const QString& quantity);
     // The stored text: the four fields joined, then cut to 100 characters. The
     // quantity goes in as given (the entry screen pads it first).
-    static QString Pack(const QString& quantity, const QString& unit, const QString& name,
-                        const QString& preparation);
+    static QString Pack(const QString& quantity, const QString& unit, const QString& name, const QString& preparation);
 
     // Field `index` (0 quantity, 1 unit, 2 name, 3 preparation) exactly as
     // stored; raises "Subscript out of range" when the text has fewer fields.

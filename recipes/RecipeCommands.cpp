@@ -34,8 +34,10 @@ void mnuClearRecipeComparasions_Click() {
     MainPanes& panes = MainPanes::Instance();
     for (QStandardItem* node : panes.AllNodes(panes.recipes)) {
         const QString key = node->data(MainPanes::ImageKeyRole).toString();
-        if (key == QLatin1String("RecipeCompare")) panes.SetImageKey(node, QStringLiteral("Recipe"));
-        else if (key == QLatin1String("RecipeCompareFavorite")) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
+        if (key == QLatin1String("RecipeCompare"))
+            panes.SetImageKey(node, QStringLiteral("Recipe"));
+        else if (key == QLatin1String("RecipeCompareFavorite"))
+            panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
     }
 }
 
@@ -54,10 +56,13 @@ void mnuPOPToggleFavorite_Click() {
             n->setData(nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe"), MainPanes::TagRole);
         const QString key = n->data(MainPanes::ImageKeyRole).toString();
         const bool compared = key.startsWith(QLatin1String("RecipeCompare"));
-        panes.SetImageKey(n, compared ? (nowFavourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"))
-                                      : (nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe")));
-        if (nowFavourite) n->setData(QVariant(), Qt::ForegroundRole);
-        else panes.SetColour(n, QColor(100, 100, 100));
+        panes.SetImageKey(
+            n, compared ? (nowFavourite ? QStringLiteral("RecipeCompareFavorite") : QStringLiteral("RecipeCompare"))
+                        : (nowFavourite ? QStringLiteral("RecipeFavorite") : QStringLiteral("Recipe")));
+        if (nowFavourite)
+            n->setData(QVariant(), Qt::ForegroundRole);
+        else
+            panes.SetColour(n, QColor(100, 100, 100));
     }
     Q_EMIT Notices().ApplyRecipeFilter();
 }

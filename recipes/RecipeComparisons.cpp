@@ -40,8 +40,8 @@ RecipeComparisons::Entry RecipeComparisons::Describe(const QString& title, bool*
     entry.details = line;
     QString method = text("Instructions");
     method.replace(QLatin1Char('~'), QLatin1Char(' '));
-    entry.instructions = method.size() > InstructionsShown ? method.left(InstructionsShown) + QStringLiteral("...")
-                                                           : method;
+    entry.instructions =
+        method.size() > InstructionsShown ? method.left(InstructionsShown) + QStringLiteral("...") : method;
     return entry;
 }
 

@@ -63,9 +63,9 @@ void clsCookBook::RemoveCookbook(QString& name) {
             }
         }
         Recordset r;
-        r.Open(QStringLiteral("SELECT * FROM [Recipie] WHERE [CookbookName] = '") + QuoteSql(name) +
-                   QStringLiteral("'"),
-               ConnectionMain(), adOpenKeyset, adLockOptimistic);
+        r.Open(
+            QStringLiteral("SELECT * FROM [Recipie] WHERE [CookbookName] = '") + QuoteSql(name) + QStringLiteral("'"),
+            ConnectionMain(), adOpenKeyset, adLockOptimistic);
         while (!r.IsEOF()) {
             r.setField(QStringLiteral("CookbookName"), QStringLiteral("General"));
             r.Update();

@@ -16,8 +16,8 @@ QString clsRecCategory::Name() const { return TextOf(rs.Field(QStringLiteral("Na
 
 bool clsRecCategory::Exists(const QString& name) {
     Recordset r;
-    r.Open(QStringLiteral("SELECT * FROM RecipieCategory WHERE Name = ") + SqlText(name), ConnectionMain(), adOpenKeyset,
-           adLockReadOnly);
+    r.Open(QStringLiteral("SELECT * FROM RecipieCategory WHERE Name = ") + SqlText(name), ConnectionMain(),
+           adOpenKeyset, adLockReadOnly);
     return r.RecordCount() > 0;
 }
 

@@ -1,10 +1,10 @@
 #include "recipes/clsRecipies.h"
 
+#include "core/ChangeNotices.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "core/Values.h"
-#include "core/ChangeNotices.h"
 #include "core/modVerify.h"
 #include "lists/clsShopList.h"
 #include "meals/clsGuestServed.h"
@@ -142,10 +142,14 @@ void clsRecipies::MarkFavorite(const QString& title) {
         for (QStandardItem* node : panes.AllNodes(Tree())) {
             if (node->text() != title || node->data(MainPanes::TagRole).toString() != kRecipeTitleTag) continue;
             const QString key = node->data(MainPanes::ImageKeyRole).toString();
-            if (key == QLatin1String("Recipe")) panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
-            else if (key == QLatin1String("RecipeFavorite")) panes.SetImageKey(node, QStringLiteral("Recipe"));
-            else if (key == QLatin1String("RecipeCompareFavorite")) panes.SetImageKey(node, QStringLiteral("RecipeCompare"));
-            else if (key == QLatin1String("RecipeCompare")) panes.SetImageKey(node, QStringLiteral("RecipeCompareFavorite"));
+            if (key == QLatin1String("Recipe"))
+                panes.SetImageKey(node, QStringLiteral("RecipeFavorite"));
+            else if (key == QLatin1String("RecipeFavorite"))
+                panes.SetImageKey(node, QStringLiteral("Recipe"));
+            else if (key == QLatin1String("RecipeCompareFavorite"))
+                panes.SetImageKey(node, QStringLiteral("RecipeCompare"));
+            else if (key == QLatin1String("RecipeCompare"))
+                panes.SetImageKey(node, QStringLiteral("RecipeCompareFavorite"));
         }
     });
 }
@@ -325,8 +329,8 @@ qint16 clsRecipies::DeleteRecipie(const QString& title) {
 QString clsRecipies::GetCookbookName(const QString& title) {
     return Trap(QStringLiteral("Recipe.GetCookbookName"), QString(), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [CookbookName] FROM Recipie WHERE [Title] = ") + SqlText(title), ConnectionMain(),
-                adOpenKeyset, adLockReadOnly);
+        rs.Open(QStringLiteral("SELECT [CookbookName] FROM Recipie WHERE [Title] = ") + SqlText(title),
+                ConnectionMain(), adOpenKeyset, adLockReadOnly);
         if (rs.IsEOF()) return QString();
         return TextOf(rs.Field(QStringLiteral("CookbookName")));
     });
@@ -485,8 +489,9 @@ void clsRecipies::RemoveFromCategory(const QString& title, const QString& catego
 bool clsRecipies::ChangeCookbook(const QString& title, const QString& cookbook) {
     return Trap(QStringLiteral("Recipe.ChangeCookbook"), false, [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [CookbookName],[Style],[Favorite] FROM Recipie WHERE [Title] = ") + SqlText(title),
-                ConnectionMain(), adOpenKeyset, adLockOptimistic);
+        rs.Open(
+            QStringLiteral("SELECT [CookbookName],[Style],[Favorite] FROM Recipie WHERE [Title] = ") + SqlText(title),
+            ConnectionMain(), adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return false;
         rs.setField(QStringLiteral("CookbookName"), cookbook);
         rs.Update();
@@ -535,9 +540,8 @@ void clsRecipies::AddRecipeCategory(const QString& category, const QString& titl
                 adOpenKeyset, adLockOptimistic);
         if (rs.IsEOF()) return;
         const QString style = TextOf(rs.Field(QStringLiteral("Style")));
-        rs.setField(QStringLiteral("Style"), style.endsWith(QLatin1Char(','))
-                                                 ? style + category
-                                                 : style + QStringLiteral(",") + category);
+        rs.setField(QStringLiteral("Style"),
+                    style.endsWith(QLatin1Char(',')) ? style + category : style + QStringLiteral(",") + category);
         rs.Update();
     });
 }
@@ -615,9 +619,10 @@ void clsRecipies::PrintPreview(const QString& title, int mode, const QString& pa
             // then asks where. A given path is ignored on purpose: the
             // cookbook printout relies on that.
             if (!path.isEmpty()) break;
-            const QString target = TheUi().SaveFileName(
-                QStringLiteral("Export Report"), QDir::homePath() + QLatin1Char('/') + layout.Title + QStringLiteral(".htm"),
-                QStringLiteral("HTML (*.htm *.html)"));
+            const QString target =
+                TheUi().SaveFileName(QStringLiteral("Export Report"),
+                                     QDir::homePath() + QLatin1Char('/') + layout.Title + QStringLiteral(".htm"),
+                                     QStringLiteral("HTML (*.htm *.html)"));
             if (target.isEmpty()) break;
             if (!report.SaveHtml(target)) throw RuntimeError(QStringLiteral("Path/File access error"));
             lastExport_ = target;

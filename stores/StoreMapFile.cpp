@@ -50,8 +50,7 @@ private:
     }
     void SkipDelimiter() {
         if (pos_ >= text_.size()) return;
-        if (text_[pos_] == QLatin1Char('\r') && pos_ + 1 < text_.size() && text_[pos_ + 1] == QLatin1Char('\n'))
-            ++pos_;
+        if (text_[pos_] == QLatin1Char('\r') && pos_ + 1 < text_.size() && text_[pos_ + 1] == QLatin1Char('\n')) ++pos_;
         ++pos_;
     }
 

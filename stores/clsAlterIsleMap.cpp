@@ -34,7 +34,6 @@ bool clsAlterIsleMap::AlternateMapExists() {
 }
 
 bool clsAlterIsleMap::DeleteAlterMap() {
-    return Trap(QStringLiteral("AlterIsleMap.DeleteAlterMap"), false, [&] {
-        return DeleteEveryRow(MembersQuery()) > 0;
-    });
+    return Trap(QStringLiteral("AlterIsleMap.DeleteAlterMap"), false,
+                [&] { return DeleteEveryRow(MembersQuery()) > 0; });
 }

@@ -3,10 +3,10 @@
 #include "core/ChangeNotices.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/Progress.h"
 #include "core/TableRows.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
-#include "core/Progress.h"
 #include "core/modVerify.h"
 #include "platform/Database.h"
 #include "platform/ProgramFolder.h"
@@ -18,8 +18,8 @@
 #include "stores/clsItemCategory.h"
 
 #include <QDir>
-#include <QSet>
 #include <QFile>
+#include <QSet>
 
 QString clsStore::Name() { return TextOf(rs.Field(QStringLiteral("Name"))); }
 
@@ -139,17 +139,16 @@ void clsStore::ExportStoreFile(const QString& name) {
     Trap(QStringLiteral("Store.ExportStoreFile"), [&] {
         const QString path = QDir::toNativeSeparators(ExportFileFor(name));
         Recordset r;
-        r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + SqlText(name), ConnectionMain(),
-               adOpenKeyset, adLockReadOnly);
+        r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + SqlText(name), ConnectionMain(), adOpenKeyset,
+               adLockReadOnly);
         if (r.IsEOF()) {
             MsgBox(QStringLiteral("There are no Isles mapped for ") + name + QStringLiteral("."), Box::OKOnly,
                    QStringLiteral("Notice"));
             return;
         }
         QDir().mkpath(Registry().ExportFilePath());
-        if (QFile::exists(path) &&
-            MsgBox(path + QStringLiteral(" has already been exported, Over-write file?"), Box::YesNo + Box::Question,
-                   QStringLiteral("Over-write")) == Answer::No)
+        if (QFile::exists(path) && MsgBox(path + QStringLiteral(" has already been exported, Over-write file?"),
+                                          Box::YesNo + Box::Question, QStringLiteral("Over-write")) == Answer::No)
             return;
 
         QString text;
@@ -160,7 +159,8 @@ void clsStore::ExportStoreFile(const QString& name) {
             r.MoveNext();
         }
         TextFile::Write(path, text);
-        Q_EMIT Notices().SetMessage(QStringLiteral("Exported the aisle map of ") + name + QStringLiteral(" to ") + path);
+        Q_EMIT Notices().SetMessage(QStringLiteral("Exported the aisle map of ") + name + QStringLiteral(" to ") +
+                                    path);
 
         if (MsgBox(QStringLiteral("Would you like to mail ") + name + QStringLiteral(" to someone?"),
                    Box::YesNo + Box::Question, QStringLiteral("Mail Store")) == Answer::Yes)

@@ -15,8 +15,8 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMenu>
-#include <QStandardItem>
 #include <QPushButton>
+#include <QStandardItem>
 #include <QTest>
 #include <QToolBar>
 
@@ -70,8 +70,10 @@ protected:
         bool closed = true;
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (w == main || !w->isVisible()) continue;
-            if (auto* dialog = qobject_cast<QDialog*>(w)) dialog->reject();
-            else w->close();
+            if (auto* dialog = qobject_cast<QDialog*>(w))
+                dialog->reject();
+            else
+                w->close();
             if (w->isVisible()) closed = false;
         }
         QCoreApplication::processEvents();

@@ -22,8 +22,9 @@ protected:
 TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabaseAndSaysWhatItLoads) {
     rows::Recipe("Leek Soup", "Soups,Quick");
     rows::Add("Manufacturer", {{"Name", "Acme"}});
-    rows::Add("Coupons", {{"Manufacturer", "Acme"}, {"Product", "Oats"}, {"Size", "12 oz"}, {"Quantity", "1"},
-                          {"Expiration", "Never"}});
+    rows::Add(
+        "Coupons",
+        {{"Manufacturer", "Acme"}, {"Product", "Oats"}, {"Size", "12 oz"}, {"Quantity", "1"}, {"Expiration", "Never"}});
     rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", "Milk"}, {"ItemManufacturer", "Any"}, {"IsCurrent", true}});
     rows::Meal("Friday, Nov 27 2026", {{"Dates", "11/27/2026"}, {"MainCourse", "Leek Soup"}});
     rows::Add("Product", {{"Name", "Tea"}, {"LastPurchasedDate", "11/20/2026"}});
@@ -63,8 +64,9 @@ TEST_F(StartTest, AStartFillsEveryPaneFromTheDatabaseAndSaysWhatItLoads) {
 
 TEST_F(StartTest, TheBackupReminderSpeaksAfterSevenWholeDaysOrWhenThereWasNone) {
     Registry().BackupReminder(true);
-    const QString old = "Notice: Your current backup is older than 7 days. It is recommended that you backup your "
-                        "database regularly. Do you want to run a backup now?";
+    const QString old =
+        "Notice: Your current backup is older than 7 days. It is recommended that you backup your "
+        "database regularly. Do you want to run a backup now?";
     // Exactly seven days before the pinned today is not too old yet.
     const std::tuple<QString, QString, int> cases[] = {
         {"11/15/2026", "", 0},
@@ -171,7 +173,8 @@ TEST_F(StartTest, AnUnusableDatabaseEndsTheStartWithOneBoxAndIsLeftAsItWas) {
         EXPECT_EQ(ui.boxes()[0].title, "Database Error");
         EXPECT_EQ(ui.boxes()[0].buttons, Box::Critical);
         EXPECT_TRUE(ui.boxes()[0].prompt.contains(QDir::toNativeSeparators(path)));
-        EXPECT_TRUE(ui.boxes()[0].prompt.contains(QString::fromLatin1(c.trouble))) << ui.boxes()[0].prompt.toStdString();
+        EXPECT_TRUE(ui.boxes()[0].prompt.contains(QString::fromLatin1(c.trouble)))
+            << ui.boxes()[0].prompt.toStdString();
         EXPECT_TRUE(w.Ended());
         EXPECT_EQ(w.ExitStatus(), 1);
         QFile f(path);

@@ -20,17 +20,54 @@ using CommandTest = MainWindowTest;
 
 TEST_F(CommandTest, EveryCommandIsInTheMenusAndOnlyBuiltOnesAreEnabled) {
     frmMain w;
-    for (const char* name :
-         {"mnuFile", "mnuNewItem", "mnuOpenCookbook", "mnuCloseCookbook", "mnuView", "mnuCalendarToday",
-          "mnuViewExportedFile", "mnuReprintLastReport", "mnuExit", "mnuCoupons", "mnuPurgeCoupons",
-          "mnuPrintCouponList", "mnuProductS", "mnuProductCostHistory", "mnuCookbooks", "mnuGenerateWebsite",
-          "mnuRecipies", "mnuRecipeMeasurements", "mnuConvertmeasurements", "mnuFindRecipe", "mnuSearchRecipeCenter",
-          "mnuSuggetRecipes", "mnuSuggetARecipe", "mnuBartendersGuide", "mnuMeals", "mnuMealCategories",
-          "mnuShoppingList", "mnuSynchList", "mnuEnterListData", "mnuStores", "mnuPrintStoreLayout", "mnuMessages",
-          "mnuNewMassage", "mnuExportMessageToOutlook", "mnuNutrition", "mnuGetItemInformation", "mnuOptions",
-          "mnuOptionGeneral", "mnuPrinterSetup", "mnuHelp", "mnuCheckForUpdates", "mnuPOPDisplayRecipie",
-          "mnuRecipeCostInformation", "mnuPOPEnterNew", "mnuGroupCouponsByCategory", "mnuSAMCurrentView",
-          "mnuSAMFindListItem", "mnuPOPSetQSItems"})
+    for (const char* name : {"mnuFile",
+                             "mnuNewItem",
+                             "mnuOpenCookbook",
+                             "mnuCloseCookbook",
+                             "mnuView",
+                             "mnuCalendarToday",
+                             "mnuViewExportedFile",
+                             "mnuReprintLastReport",
+                             "mnuExit",
+                             "mnuCoupons",
+                             "mnuPurgeCoupons",
+                             "mnuPrintCouponList",
+                             "mnuProductS",
+                             "mnuProductCostHistory",
+                             "mnuCookbooks",
+                             "mnuGenerateWebsite",
+                             "mnuRecipies",
+                             "mnuRecipeMeasurements",
+                             "mnuConvertmeasurements",
+                             "mnuFindRecipe",
+                             "mnuSearchRecipeCenter",
+                             "mnuSuggetRecipes",
+                             "mnuSuggetARecipe",
+                             "mnuBartendersGuide",
+                             "mnuMeals",
+                             "mnuMealCategories",
+                             "mnuShoppingList",
+                             "mnuSynchList",
+                             "mnuEnterListData",
+                             "mnuStores",
+                             "mnuPrintStoreLayout",
+                             "mnuMessages",
+                             "mnuNewMassage",
+                             "mnuExportMessageToOutlook",
+                             "mnuNutrition",
+                             "mnuGetItemInformation",
+                             "mnuOptions",
+                             "mnuOptionGeneral",
+                             "mnuPrinterSetup",
+                             "mnuHelp",
+                             "mnuCheckForUpdates",
+                             "mnuPOPDisplayRecipie",
+                             "mnuRecipeCostInformation",
+                             "mnuPOPEnterNew",
+                             "mnuGroupCouponsByCategory",
+                             "mnuSAMCurrentView",
+                             "mnuSAMFindListItem",
+                             "mnuPOPSetQSItems"})
         EXPECT_TRUE(w.menus.contains(name)) << name;
     EXPECT_EQ(Caption(w, "mnuSynchList"), "Snych Shopping List");
     EXPECT_EQ(Caption(w, "mnuOpenCookbook"), "Open/New Cookbook");
@@ -38,16 +75,19 @@ TEST_F(CommandTest, EveryCommandIsInTheMenusAndOnlyBuiltOnesAreEnabled) {
     EXPECT_EQ(Caption(w, "mnuPOPSetQSItems"), "Set QS Items");
     // Screens that are not there yet are shown but rest.
     EXPECT_TRUE(w.menus.value("mnuEnterCoupon")->isVisible());
-    for (const auto& [name, enabled] : {std::pair{"mnuEnterCoupon", false}, {"mnuPOPEditRecipie", false},
-                                        {"mnuSetupStoreIsles", false}, {"mnuExit", true},
-                                        {"mnuCloseCookbook", true}, {"mnuReprintLastReport", true}})
+    for (const auto& [name, enabled] : {std::pair{"mnuEnterCoupon", false},
+                                        {"mnuPOPEditRecipie", false},
+                                        {"mnuSetupStoreIsles", false},
+                                        {"mnuExit", true},
+                                        {"mnuCloseCookbook", true},
+                                        {"mnuReprintLastReport", true}})
         EXPECT_EQ(Enabled(w, name), enabled) << name;
     // The top menus follow the command table's order.
     QStringList tops;
     for (QAction* a : w.menuBar()->actions()) tops << a->objectName();
-    EXPECT_EQ(tops, QStringList({"mnuFile", "mnuCoupons", "mnuProductS", "mnuCookbooks", "mnuRecipies", "mnuMeals",
-                                 "mnuShoppingList", "mnuStores", "mnuMessages", "mnuNutrition", "mnuOptions",
-                                 "mnuHelp"}));
+    EXPECT_EQ(tops,
+              QStringList({"mnuFile", "mnuCoupons", "mnuProductS", "mnuCookbooks", "mnuRecipies", "mnuMeals",
+                           "mnuShoppingList", "mnuStores", "mnuMessages", "mnuNutrition", "mnuOptions", "mnuHelp"}));
 }
 
 TEST_F(CommandTest, KeysWithoutAScreenSayComingSoonAndRestingCommandsDoNothing) {
@@ -222,8 +262,9 @@ TEST_F(CommandTest, ReprintNeedsACopyOfTheLastReport) {
         ASSERT_EQ(ui.count(), 1) << file.toStdString();
         EXPECT_EQ(ui.lastBox().title, "Notice");
         EXPECT_EQ(ui.lastBox().context, 1151);
-        EXPECT_TRUE(ui.lastBox().prompt.startsWith("The last report cannot be printed because either there have "
-                                                   "been no Reports printed since Larderkeep was started"));
+        EXPECT_TRUE(
+            ui.lastBox().prompt.startsWith("The last report cannot be printed because either there have "
+                                           "been no Reports printed since Larderkeep was started"));
     }
     // With the copy there it prints; this machine has no printer, so as a PDF.
     Registry().SaveReportCopy(true);
@@ -326,11 +367,13 @@ TEST_F(CommandTest, TheOpeningEffectGrowsFromTheCentreAndHonoursTheSetting) {
 
 TEST_F(CommandTest, CommandsOpenTheirScreensAndStoreCommandsReachTheirRows) {
     frmMain w;
-    const std::pair<const char*, const char*> screens[] = {
-        {"mnuEditMeasureAbbreviations", "frmMeasureAbbreviations"}, {"mnuEditConversionConstants", "frmConversions"},
-        {"mnuConvertmeasurements", "frmConvertMeasures"},          {"mnuCalendarToday", "frmCalendarEvents"},
-        {"mnuEnterProduct", "frmProductNew"},                       {"mnuViewAllProducts", "frmProductListing"},
-        {"mnuEditProduct", "frmProductListing"}};
+    const std::pair<const char*, const char*> screens[] = {{"mnuEditMeasureAbbreviations", "frmMeasureAbbreviations"},
+                                                           {"mnuEditConversionConstants", "frmConversions"},
+                                                           {"mnuConvertmeasurements", "frmConvertMeasures"},
+                                                           {"mnuCalendarToday", "frmCalendarEvents"},
+                                                           {"mnuEnterProduct", "frmProductNew"},
+                                                           {"mnuViewAllProducts", "frmProductListing"},
+                                                           {"mnuEditProduct", "frmProductListing"}};
     for (const auto& [name, screen] : screens) {
         ASSERT_TRUE(Enabled(w, name)) << name;
         QString opened;
@@ -367,7 +410,8 @@ TEST_F(CommandTest, CommandsOpenTheirScreensAndStoreCommandsReachTheirRows) {
     ui.answerFile(map.fileName());
     w.menus.value("mnuImportStoreMap")->trigger();
     EXPECT_EQ(rows::Count("SELECT * FROM IsleMap WHERE [Store] = 'Corner Shop'"), 1);
-    ui.answerModal([](QDialog* dialog) { return dialog->metaObject()->className() == QString("frmSelectStore") ? 1 : 0; });
+    ui.answerModal(
+        [](QDialog* dialog) { return dialog->metaObject()->className() == QString("frmSelectStore") ? 1 : 0; });
     ui.answer(Answer::No);  // no mail
     w.menus.value("mnuExportStoreMap")->trigger();
     EXPECT_EQ(ui.lastBox().prompt, "Would you like to mail Corner Shop to someone?");

@@ -25,8 +25,8 @@ TEST_F(DragTest, ACalendarDayBeforeTodayIsRefusedAndAFreeDayGetsTheRecipeAsAMeal
     EXPECT_EQ(TimesUsed("Leek Soup"), 0);
 
     ui.clear();
-    ui.answer(Answer::Yes);  // add the meal
-    ui.answer(Answer::No);   // not to the list
+    ui.answer(Answer::Yes);                                 // add the meal
+    ui.answer(Answer::No);                                  // not to the list
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 22));  // today is allowed
     ASSERT_EQ(ui.count(), 2);
     EXPECT_EQ(ui.boxes()[0].prompt, "Do you wish to add Leek Soup as a meal on Sunday, Nov 22 2026 ?");

@@ -89,11 +89,17 @@ TEST_F(PaneTest, WithNoCookbookEveryRecipeShowsAndThePanelSaysSo) {
 }
 
 TEST_F(PaneTest, TheCurrentListShowsManufacturersExceptAnyAndOnlyCurrentRows) {
-    for (const auto& [name, maker, current] : {std::tuple{"Milk", "Any", true}, {"Cereal", "Acme", true},
-                                               {"Soap", "Acme", false}})
-        rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", name}, {"ItemManufacturer", maker},
-                               {"ItemQuantity", "2"}, {"ItemSize", "1 gal"}, {"ItemStyle", "Dairy"},
-                               {"IsCurrent", current}, {"Store", "Any"}, {"Dates", "None"}});
+    for (const auto& [name, maker, current] :
+         {std::tuple{"Milk", "Any", true}, {"Cereal", "Acme", true}, {"Soap", "Acme", false}})
+        rows::Add("ShopList", {{"Name", "Weekly"},
+                               {"ItemName", name},
+                               {"ItemManufacturer", maker},
+                               {"ItemQuantity", "2"},
+                               {"ItemSize", "1 gal"},
+                               {"ItemStyle", "Dairy"},
+                               {"IsCurrent", current},
+                               {"Store", "Any"},
+                               {"Dates", "None"}});
     frmMain w;
     w.LoadShoppingList();
     QStandardItemModel& list = panes.currentList;
@@ -109,8 +115,9 @@ TEST_F(PaneTest, TheCurrentListShowsManufacturersExceptAnyAndOnlyCurrentRows) {
 }
 
 void AddCoupon(const QString& maker, const QString& product, const QString& size, const QString& expiration) {
-    rows::Add("Coupons", {{"Manufacturer", maker}, {"Product", product}, {"Size", size}, {"Quantity", "1"},
-                          {"Expiration", expiration}});
+    rows::Add(
+        "Coupons",
+        {{"Manufacturer", maker}, {"Product", product}, {"Size", size}, {"Quantity", "1"}, {"Expiration", expiration}});
 }
 
 TEST_F(PaneTest, CouponsHangUnderTheirManufacturersTurnRedPastTheirDateAndTheSettingActs) {
@@ -120,9 +127,12 @@ TEST_F(PaneTest, CouponsHangUnderTheirManufacturersTurnRedPastTheirDateAndTheSet
     rows::Add("Manufacturer", {{"Name", "Zeta"}});
     rows::Add("Manufacturer", {{"Name", "Acme"}});
     AddCoupon("Newco", "Tea", "box", "12/31/2026");
-    for (const auto& [product, expiration] :
-         {std::pair{"Old", "11/21/2026"}, {"Today", "11/22/2026"}, {"Soon", "11/26/2026"}, {"Later", "11/27/2026"},
-          {"Forever", "Never"}, {"Smudged", "next Tuesday"}})
+    for (const auto& [product, expiration] : {std::pair{"Old", "11/21/2026"},
+                                              {"Today", "11/22/2026"},
+                                              {"Soon", "11/26/2026"},
+                                              {"Later", "11/27/2026"},
+                                              {"Forever", "Never"},
+                                              {"Smudged", "next Tuesday"}})
         AddCoupon("Acme", product, "box", expiration);
     frmMain w;
     panes.AddNode(panes.coupons, "", "Root", "Coupons");
@@ -166,8 +176,8 @@ TEST_F(PaneTest, CouponsHangUnderTheirManufacturersTurnRedPastTheirDateAndTheSet
 }
 
 TEST_F(PaneTest, MealsShowOnceByNameWithTheirCoursesAndTheirDaysBold) {
-    rows::Meal("Sunday Roast", {{"MainCourse", "Roast Beef"}, {"SideDishOne", "Peas"}, {"Appetizer", " "},
-                                {"Favorite", true}});
+    rows::Meal("Sunday Roast",
+               {{"MainCourse", "Roast Beef"}, {"SideDishOne", "Peas"}, {"Appetizer", " "}, {"Favorite", true}});
     rows::Meal("Sunday Roast", {{"MainCourse", "Gravy"}, {"SideDishOne", " "}});
     rows::Meal("Wednesday, Nov 25 2026", {{"Dates", "11/25/2026"}, {"MainCourse", "Leek Soup"}});
     frmMain w;
@@ -298,7 +308,8 @@ TEST_F(MessageCentreTest, DisplayShowsTheStoredTextOrDropsAnItemThatIsGone) {
     Select(w, {1});
     ui.answer(Answer::OK);
     w.RunCommand("mnuMessageDisplay");
-    EXPECT_EQ(LastBox(), "Missing: The Message, entitled Vanished, could not be located so, it will be removed from view.");
+    EXPECT_EQ(LastBox(),
+              "Missing: The Message, entitled Vanished, could not be located so, it will be removed from view.");
     EXPECT_EQ(Cells(Pane(), 0), QStringList({"Mom's birthday"}));
 }
 
@@ -336,7 +347,8 @@ TEST_F(MessageCentreTest, PrintingKeepsAnHtmlCopyInTheReportFolderOrSaysWhyNot) 
     QFile copy(HomeFile("Message.htm"));
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     const QString html = QString::fromUtf8(copy.readAll());
-    for (const char* part : {"Party list", "Napkins", "Thursday, Dec 31 2026"}) EXPECT_TRUE(html.contains(part)) << part;
+    for (const char* part : {"Party list", "Napkins", "Thursday, Dec 31 2026"})
+        EXPECT_TRUE(html.contains(part)) << part;
 
     // A folder that cannot take the copy is reported, and the last report stays what it was.
     Registry().AlwaysPrintPreview(true);

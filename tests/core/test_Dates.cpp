@@ -5,7 +5,9 @@
 
 namespace {
 
-QDateTime At(int y, int m, int d, int h = 0, int mi = 0, int s = 0) { return QDateTime(QDate(y, m, d), QTime(h, mi, s)); }
+QDateTime At(int y, int m, int d, int h = 0, int mi = 0, int s = 0) {
+    return QDateTime(QDate(y, m, d), QTime(h, mi, s));
+}
 
 // What a text reads as, in the stored form, or "-" when it is not a date.
 QString Read(const char* text) {
@@ -17,41 +19,57 @@ QString Read(const char* text) {
 
 TEST(DateText, ReadsEveryFormTheProgramWritesWithTimesAndTwoDigitYears) {
     // Two-digit years pivot at thirty; "1/1/50" is the "nothing in stock" sentinel.
-    const std::pair<const char*, const char*> cases[] = {
-        {"2026-11-22", "2026-11-22"},
-        {"2026-11-22 10:05:09", "2026-11-22 10:05:09"},
-        {"2026-11-22T10:05", "2026-11-22 10:05:00"},
-        {"2026-11-22 10:05:09.250", "2026-11-22 10:05:09"},
-        {"11/22/2026", "2026-11-22"},
-        {"1/5/26", "2026-01-05"},
-        {"01/05/26", "2026-01-05"},
-        {"11-22-2026", "2026-11-22"},
-        {" 11/22/2026 ", "2026-11-22"},
-        {"Sunday, Nov 22 2026", "2026-11-22"},
-        {"November 22, 2026", "2026-11-22"},
-        {"nov 22 2026", "2026-11-22"},
-        {"22 November 2026", "2026-11-22"},
-        {"22-Nov-26", "2026-11-22"},
-        {"Sept 3, 2026", "2026-09-03"},
-        {"2/29/2028", "2028-02-29"},
-        {"1/1/50", "1950-01-01"},
-        {"1/1/00", "2000-01-01"},
-        {"12/31/29", "2029-12-31"},
-        {"1/1/30", "1930-01-01"},
-        {"1/1/99", "1999-01-01"},
-        {"Nov 22 29", "2029-11-22"},
-        {"11/22/2026 12:00 AM", "2026-11-22"},
-        {"11/22/2026 12:30 AM", "2026-11-22 00:30:00"},
-        {"11/22/2026 12:00 PM", "2026-11-22 12:00:00"},
-        {"11/22/2026 1:05:09 pm", "2026-11-22 13:05:09"},
-        {"11/22/26 23:59", "2026-11-22 23:59:00"}};
+    const std::pair<const char*, const char*> cases[] = {{"2026-11-22", "2026-11-22"},
+                                                         {"2026-11-22 10:05:09", "2026-11-22 10:05:09"},
+                                                         {"2026-11-22T10:05", "2026-11-22 10:05:00"},
+                                                         {"2026-11-22 10:05:09.250", "2026-11-22 10:05:09"},
+                                                         {"11/22/2026", "2026-11-22"},
+                                                         {"1/5/26", "2026-01-05"},
+                                                         {"01/05/26", "2026-01-05"},
+                                                         {"11-22-2026", "2026-11-22"},
+                                                         {" 11/22/2026 ", "2026-11-22"},
+                                                         {"Sunday, Nov 22 2026", "2026-11-22"},
+                                                         {"November 22, 2026", "2026-11-22"},
+                                                         {"nov 22 2026", "2026-11-22"},
+                                                         {"22 November 2026", "2026-11-22"},
+                                                         {"22-Nov-26", "2026-11-22"},
+                                                         {"Sept 3, 2026", "2026-09-03"},
+                                                         {"2/29/2028", "2028-02-29"},
+                                                         {"1/1/50", "1950-01-01"},
+                                                         {"1/1/00", "2000-01-01"},
+                                                         {"12/31/29", "2029-12-31"},
+                                                         {"1/1/30", "1930-01-01"},
+                                                         {"1/1/99", "1999-01-01"},
+                                                         {"Nov 22 29", "2029-11-22"},
+                                                         {"11/22/2026 12:00 AM", "2026-11-22"},
+                                                         {"11/22/2026 12:30 AM", "2026-11-22 00:30:00"},
+                                                         {"11/22/2026 12:00 PM", "2026-11-22 12:00:00"},
+                                                         {"11/22/2026 1:05:09 pm", "2026-11-22 13:05:09"},
+                                                         {"11/22/26 23:59", "2026-11-22 23:59:00"}};
     for (const auto& [text, stored] : cases) EXPECT_EQ(Read(text), stored) << text;
 }
 
 TEST(DateText, RejectsWordsAndImpossibleDaysAndTimes) {
-    for (const char* bad : {"", "  ", "None", "Never", "abc", "2/30/2026", "2/29/2027", "13/1/2026", "0/1/2026",
-                            "1/0/2026", "11/22", "11/22/202", "2026-02-30", "Funday, Nov 22 2026", "Smarch 3 2026",
-                            "5", "1.5", "11/22/2026 garbage", "11/22/2026 13:00 PM", "11/22/2026 24:00",
+    for (const char* bad : {"",
+                            "  ",
+                            "None",
+                            "Never",
+                            "abc",
+                            "2/30/2026",
+                            "2/29/2027",
+                            "13/1/2026",
+                            "0/1/2026",
+                            "1/0/2026",
+                            "11/22",
+                            "11/22/202",
+                            "2026-02-30",
+                            "Funday, Nov 22 2026",
+                            "Smarch 3 2026",
+                            "5",
+                            "1.5",
+                            "11/22/2026 garbage",
+                            "11/22/2026 13:00 PM",
+                            "11/22/2026 24:00",
                             "11/22/2026 10:60"})
         EXPECT_EQ(Read(bad), "-") << bad;
 }
@@ -63,8 +81,8 @@ TEST(DateText, StoredFormKeepsTheTimeOnlyWhenThereIsOne) {
 }
 
 TEST(CDate, TextsAndDatesButNotNumbersAreDatesAndConvertOrRaise) {
-    for (const QVariant& yes : {QVariant("11/22/2026"), QVariant("10:30 PM"), QVariant(QDate(2026, 11, 22)),
-                                QVariant(At(2026, 11, 22, 8))})
+    for (const QVariant& yes :
+         {QVariant("11/22/2026"), QVariant("10:30 PM"), QVariant(QDate(2026, 11, 22)), QVariant(At(2026, 11, 22, 8))})
         EXPECT_TRUE(IsDate(yes)) << TextOf(yes).toStdString();
     for (const QVariant& no : {QVariant(5), QVariant("5"), QVariant("Never"), QVariant()})
         EXPECT_FALSE(IsDate(no)) << TextOf(no).toStdString();
@@ -125,13 +143,17 @@ TEST(DateAdd, ClampsToTheEndOfShortMonths) {
 
 TEST(FormatDates, FixedPatternsOfTheProgramAndUserDisplayPatterns) {
     const QDateTime d = At(2026, 1, 5, 14, 7, 9);
-    const std::pair<const char*, const char*> patterns[] = {
-        {"mm/dd/yy", "01/05/26"},          {"mmddyy", "010526"},
-        {"mm/dd/yyyy", "01/05/2026"},      {"dddd, mmm d yyyy", "Monday, Jan 5 2026"},
-        {"YYYYMMDDTHHMMSS", "20260105T140709"}, {"h:nn AM/PM", "2:07 PM"},
-        {"hh:mm", "14:07"},                {"d-mmm-yy", "5-Jan-26"},
-        {"ddd dd.mm.yyyy", "Mon 05.01.2026"}, {"mmmm d, yyyy", "January 5, 2026"},
-        {"Long Date", "Monday, January 5, 2026"}};
+    const std::pair<const char*, const char*> patterns[] = {{"mm/dd/yy", "01/05/26"},
+                                                            {"mmddyy", "010526"},
+                                                            {"mm/dd/yyyy", "01/05/2026"},
+                                                            {"dddd, mmm d yyyy", "Monday, Jan 5 2026"},
+                                                            {"YYYYMMDDTHHMMSS", "20260105T140709"},
+                                                            {"h:nn AM/PM", "2:07 PM"},
+                                                            {"hh:mm", "14:07"},
+                                                            {"d-mmm-yy", "5-Jan-26"},
+                                                            {"ddd dd.mm.yyyy", "Mon 05.01.2026"},
+                                                            {"mmmm d, yyyy", "January 5, 2026"},
+                                                            {"Long Date", "Monday, January 5, 2026"}};
     for (const auto& [pattern, text] : patterns) EXPECT_EQ(Format(d, pattern), text) << pattern;
     EXPECT_EQ(Format(QDate(2026, 11, 22), "dddd, mmm d yyyy"), "Sunday, Nov 22 2026");
     // Date texts are read first; other words pass through.
@@ -143,10 +165,10 @@ TEST(FormatDates, FixedPatternsOfTheProgramAndUserDisplayPatterns) {
 TEST(FormatDates, WeekOfYearStartsOnSundayWithJanuaryFirstInWeekOne) {
     // Jan 1 2026 is a Thursday: Jan 3 (Sat) is week 1, Jan 4 (Sun) week 2. Jan 1 2022
     // was a Saturday; Dec 31 2023 is a Sunday that starts week 53.
-    const std::pair<QDate, const char*> weeks[] = {
-        {QDate(2026, 1, 1), "2026 1"},    {QDate(2026, 1, 3), "2026 1"},    {QDate(2026, 1, 4), "2026 2"},
-        {QDate(2026, 11, 22), "2026 48"}, {QDate(2026, 12, 31), "2026 53"}, {QDate(2022, 12, 31), "2022 53"},
-        {QDate(2023, 12, 31), "2023 53"}};
+    const std::pair<QDate, const char*> weeks[] = {{QDate(2026, 1, 1), "2026 1"},    {QDate(2026, 1, 3), "2026 1"},
+                                                   {QDate(2026, 1, 4), "2026 2"},    {QDate(2026, 11, 22), "2026 48"},
+                                                   {QDate(2026, 12, 31), "2026 53"}, {QDate(2022, 12, 31), "2022 53"},
+                                                   {QDate(2023, 12, 31), "2023 53"}};
     for (const auto& [date, week] : weeks) EXPECT_EQ(Format(date, "yyyy ww"), week) << week;
     EXPECT_EQ(Format(QDate(2026, 11, 22), "w"), "1");
 }

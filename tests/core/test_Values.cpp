@@ -12,10 +12,11 @@ QVariant Text(const char* text) { return QString::fromUtf8(text); }
 
 TEST(Val, ReadsTheNumberAtTheStartOfAText) {
     // Blanks inside the number vanish; a "d" with no exponent digits ends it; 16-bit hex is signed.
-    const std::pair<const char*, double> cases[] = {
-        {"3 cans", 3},  {" 2", 2},      {"1 2", 12},    {"\t-1 .5\nlb", -1.5}, {"1/2", 1},     {"1.2.3", 1.2},
-        {"1,234", 1},   {".5 cup", 0.5}, {"2e3", 2000}, {"2 dozen", 2},        {"3eggs", 3},   {"&H10", 16},
-        {"&HFFFF", -1}, {"&O17", 15},   {"", 0},        {"abc", 0},            {"-", 0},       {"$5", 0}};
+    const std::pair<const char*, double> cases[] = {{"3 cans", 3},  {" 2", 2},      {"1 2", 12},  {"\t-1 .5\nlb", -1.5},
+                                                    {"1/2", 1},     {"1.2.3", 1.2}, {"1,234", 1}, {".5 cup", 0.5},
+                                                    {"2e3", 2000},  {"2 dozen", 2}, {"3eggs", 3}, {"&H10", 16},
+                                                    {"&HFFFF", -1}, {"&O17", 15},   {"", 0},      {"abc", 0},
+                                                    {"-", 0},       {"$5", 0}};
     for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
     EXPECT_EQ(ErrorOf([] { Val("1e999"); }), "Overflow");
 }
@@ -32,11 +33,12 @@ TEST(IsNumeric, AcceptsWholeNumericTextsOnly) {
 }
 
 TEST(WholeConversions, RoundHalfToEvenAndOverflowAtTheEdgesOfTheirWidth) {
-    const std::pair<QVariant, int> ints[] = {
-        {2.5, 2},         {3.5, 4},           {-2.5, -2},         {2.5000001, 3},    {Text("2.5"), 2},
-        {Text("  12 "), 12}, {Money("0.5"), 0}, {Money("1.5"), 2}, {Money("-1.5"), -2}, {true, -1},
-        {Text("True"), -1}, {Text("false"), 0}, {EmptyValue(), 0}, {32767, 32767},    {32767.4, 32767},
-        {-32768.5, -32768}};  // the last rounds to the even edge and still fits
+    const std::pair<QVariant, int> ints[] = {{2.5, 2},          {3.5, 4},           {-2.5, -2},
+                                             {2.5000001, 3},    {Text("2.5"), 2},   {Text("  12 "), 12},
+                                             {Money("0.5"), 0}, {Money("1.5"), 2},  {Money("-1.5"), -2},
+                                             {true, -1},        {Text("True"), -1}, {Text("false"), 0},
+                                             {EmptyValue(), 0}, {32767, 32767},     {32767.4, 32767},
+                                             {-32768.5, -32768}};  // the last rounds to the even edge and still fits
     for (const auto& [value, whole] : ints) EXPECT_EQ(CInt(value), whole) << TextOf(value).toStdString();
     EXPECT_EQ(CLng(Money("2.5001")), 3);
     EXPECT_EQ(CLng(Text("$1,000")), 1000);
@@ -49,9 +51,9 @@ TEST(WholeConversions, RoundHalfToEvenAndOverflowAtTheEdgesOfTheirWidth) {
 }
 
 TEST(Conversions, RefuseNullAsInvalidUseOfNullAndNonNumbersAsTypeMismatch) {
-    const std::function<void(const QVariant&)> all[] = {[](const QVariant& v) { CInt(v); }, [](const QVariant& v) { CLng(v); },
-                                                        [](const QVariant& v) { CDbl(v); }, [](const QVariant& v) { CCur(v); },
-                                                        [](const QVariant& v) { CBool(v); }, [](const QVariant& v) { CStr(v); }};
+    const std::function<void(const QVariant&)> all[] = {
+        [](const QVariant& v) { CInt(v); }, [](const QVariant& v) { CLng(v); },  [](const QVariant& v) { CDbl(v); },
+        [](const QVariant& v) { CCur(v); }, [](const QVariant& v) { CBool(v); }, [](const QVariant& v) { CStr(v); }};
     for (const auto& convert : all) EXPECT_EQ(ErrorOf([&] { convert(QVariant()); }), "Invalid use of Null");
     EXPECT_EQ(ErrorOf([] { CInt(Text("abc")); }), "Type mismatch");
     EXPECT_EQ(ErrorOf([] { CLng(Text("")); }), "Type mismatch");
@@ -70,7 +72,8 @@ TEST(Conversions, CurrencyAndBooleans) {
     EXPECT_DOUBLE_EQ(CDbl(Money("2.4999")), 2.4999);
     for (const QVariant& yes : {Text("TRUE"), Text("-1"), Text("0.5"), QVariant(-1), Money("0.0001")})
         EXPECT_TRUE(CBool(yes)) << TextOf(yes).toStdString();
-    for (const QVariant& no : {Text("false"), Text(" 0 "), QVariant(0.0)}) EXPECT_FALSE(CBool(no)) << TextOf(no).toStdString();
+    for (const QVariant& no : {Text("false"), Text(" 0 "), QVariant(0.0)})
+        EXPECT_FALSE(CBool(no)) << TextOf(no).toStdString();
 }
 
 TEST(CStr, PrintsValuesTheProgramsWay) {
@@ -151,21 +154,33 @@ TEST(Split, IndexesFromZeroAndRefusesOutsideItsBounds) {
 
 TEST(FormatNumbers, MoneyPatternsRoundHalfAwayFromZeroAndWordsPassThrough) {
     // 2.675 rounds as the written number, not its binary neighbour.
-    const std::tuple<QVariant, const char*, const char*> cases[] = {
-        {1.5, "$#0.00", "$1.50"},         {-1.5, "$#0.00", "-$1.50"},
-        {0.125, "$#0.00", "$0.13"},       {-0.125, "$#0.00", "-$0.13"},
-        {2.675, "$0.00", "$2.68"},        {0.004, "$#0.00", "$0.00"},
-        {-0.004, "$#0.00", "$0.00"},      {9.995, "$#0.00", "$10.00"},
-        {1234.5, "$####0.00", "$1234.50"}, {1.5, "$##0.#0", "$1.50"},
-        {0, "$##0.#0", "$0.00"},          {1.25, "###0.0000", "1.2500"},
-        {0.12345, "###0.0000", "0.1235"}, {1234567.891, "$#,##0.00", "$1,234,567.89"},
-        {5, "$0#.0#", "$05.0"},           {1.255, "#0.#0", "1.26"},
-        {0.5, "0%", "50%"},               {-3, "0.00;(0.00)", "(3.00)"},
-        {1234.5, "Currency", "$1,234.50"}, {Money("2.4999"), "$#0.00", "$2.50"},
-        {Money("0.005"), "$#0.00", "$0.01"}, {Text("3.5"), "$#0.00", "$3.50"},
-        {Text("$3.5"), "$#0.00", "$3.50"}, {Text("Free"), "$#0.00", "Free"},
-        {Text("Buy 1 get 1"), "$0.00", "Buy 1 get 1"}, {12, "$#0.00", "$12.00"},
-        {QVariant(), "$#0.00", ""}};
+    const std::tuple<QVariant, const char*, const char*> cases[] = {{1.5, "$#0.00", "$1.50"},
+                                                                    {-1.5, "$#0.00", "-$1.50"},
+                                                                    {0.125, "$#0.00", "$0.13"},
+                                                                    {-0.125, "$#0.00", "-$0.13"},
+                                                                    {2.675, "$0.00", "$2.68"},
+                                                                    {0.004, "$#0.00", "$0.00"},
+                                                                    {-0.004, "$#0.00", "$0.00"},
+                                                                    {9.995, "$#0.00", "$10.00"},
+                                                                    {1234.5, "$####0.00", "$1234.50"},
+                                                                    {1.5, "$##0.#0", "$1.50"},
+                                                                    {0, "$##0.#0", "$0.00"},
+                                                                    {1.25, "###0.0000", "1.2500"},
+                                                                    {0.12345, "###0.0000", "0.1235"},
+                                                                    {1234567.891, "$#,##0.00", "$1,234,567.89"},
+                                                                    {5, "$0#.0#", "$05.0"},
+                                                                    {1.255, "#0.#0", "1.26"},
+                                                                    {0.5, "0%", "50%"},
+                                                                    {-3, "0.00;(0.00)", "(3.00)"},
+                                                                    {1234.5, "Currency", "$1,234.50"},
+                                                                    {Money("2.4999"), "$#0.00", "$2.50"},
+                                                                    {Money("0.005"), "$#0.00", "$0.01"},
+                                                                    {Text("3.5"), "$#0.00", "$3.50"},
+                                                                    {Text("$3.5"), "$#0.00", "$3.50"},
+                                                                    {Text("Free"), "$#0.00", "Free"},
+                                                                    {Text("Buy 1 get 1"), "$0.00", "Buy 1 get 1"},
+                                                                    {12, "$#0.00", "$12.00"},
+                                                                    {QVariant(), "$#0.00", ""}};
     for (const auto& [value, pattern, text] : cases) EXPECT_EQ(Format(value, pattern), text) << pattern << " " << text;
     EXPECT_EQ(Format(0.1 + 0.2), "0.3");
 }

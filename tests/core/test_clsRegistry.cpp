@@ -23,10 +23,22 @@ protected:
 
 // Read-only settings have no write, and a write with a name of its own leaves
 // the plain name reading only.
-template <class T> concept WritableToolbar = requires(T r) { r.MainToolbar(QVariant()); };
-template <class T> concept WritablePalm = requires(T r) { r.PalmAppsInstalled(true); };
-template <class T> concept PlainDateWrite = requires(T r) { r.DateDisplayFormat(QString()); };
-template <class T> concept PlainDockWrite = requires(T r) { r.DockMeasurements(true); };
+template <class T>
+concept WritableToolbar = requires(T r) {
+    r.MainToolbar(QVariant());
+};
+template <class T>
+concept WritablePalm = requires(T r) {
+    r.PalmAppsInstalled(true);
+};
+template <class T>
+concept PlainDateWrite = requires(T r) {
+    r.DateDisplayFormat(QString());
+};
+template <class T>
+concept PlainDockWrite = requires(T r) {
+    r.DockMeasurements(true);
+};
 static_assert(!WritableToolbar<clsRegistry> && !WritablePalm<clsRegistry>);
 static_assert(!PlainDateWrite<clsRegistry> && !PlainDockWrite<clsRegistry>);
 
@@ -137,7 +149,8 @@ TEST_F(RegistryTest, NothingIsCached) {
 TEST_F(RegistryTest, KeysAndValuesComeBackAsWritten) {
     SaveSetting("Settings", "Show Tips at Startup", "0");
     SaveSetting("Settings", "show tips at startup", "1");
-    const QStringList values = {"dddd, mmm d yyyy", "  two blanks", "say \"hi\"; x = 1 \\ y", "@home", "", "Crème brûlée"};
+    const QStringList values = {"dddd, mmm d yyyy", "  two blanks", "say \"hi\"; x = 1 \\ y", "@home", "",
+                                "Crème brûlée"};
     for (int i = 0; i < values.size(); ++i) SaveSetting("Settings", QString("Value%1").arg(i), values[i]);
     Registry().SpellLeft(123456.79f);
 

@@ -7,8 +7,14 @@ class ReportDataTest : public LarderTest {
 protected:
     static void AddListItem(const QString& list, const QString& store, const QString& item, const QString& style,
                             bool current, int order = 0, const QString& isle = QString()) {
-        rows::Add("ShopList", {{"Name", list}, {"Store", store}, {"ItemName", item}, {"ItemStyle", style},
-                               {"ItemQuantity", "1"}, {"IsCurrent", current}, {"ShopOrder", order}, {"ShopIsle", isle}});
+        rows::Add("ShopList", {{"Name", list},
+                               {"Store", store},
+                               {"ItemName", item},
+                               {"ItemStyle", style},
+                               {"ItemQuantity", "1"},
+                               {"IsCurrent", current},
+                               {"ShopOrder", order},
+                               {"ShopIsle", isle}});
     }
 };
 

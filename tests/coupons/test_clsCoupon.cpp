@@ -10,8 +10,12 @@ class CouponTest : public LarderTest {
 protected:
     static qint32 AddCoupon(const QString& manufacturer, const QString& product, const QString& size,
                             const QString& expiration = "Never", const QString& value = "0.50", bool marked = false) {
-        return rows::Add("Coupons", {{"Manufacturer", manufacturer}, {"Product", product}, {"Size", size},
-                                     {"Value", value}, {"Expiration", expiration}, {"Quantity", "1"},
+        return rows::Add("Coupons", {{"Manufacturer", manufacturer},
+                                     {"Product", product},
+                                     {"Size", size},
+                                     {"Value", value},
+                                     {"Expiration", expiration},
+                                     {"Quantity", "1"},
                                      {"MarkForPurge", marked}});
     }
     static QVariant Of(qint32 id, const QString& column) { return rows::Field("Coupons", "ID", id, column); }
@@ -46,10 +50,11 @@ TEST_F(CouponTest, TheNotExactQuestionNamesTheCouponAndNoForgetsIt) {
     clsCoupon().GetExistingCouponResponse();
     ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
-    EXPECT_EQ(LastBox(), QString("Coupon Alert: A coupon was found for that item but it is not an exact match. You you "
-                                 "like to use the found Coupon? \r\n\r\n       \u2022 Product: Milk\r\n       \u2022 "
-                                 "Manufacturer: Acme\r\n       \u2022 Size: 1 gal\r\n             Would you like to use "
-                                 "this Coupon?"));
+    EXPECT_EQ(LastBox(),
+              QString("Coupon Alert: A coupon was found for that item but it is not an exact match. You you "
+                      "like to use the found Coupon? \r\n\r\n       \u2022 Product: Milk\r\n       \u2022 "
+                      "Manufacturer: Acme\r\n       \u2022 Size: 1 gal\r\n             Would you like to use "
+                      "this Coupon?"));
     EXPECT_EQ(FoundCouponID, 0);
 }
 
@@ -95,7 +100,8 @@ TEST_F(CouponTest, PurgeTakesOnlyWhatIsPastItsDate) {
     EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "ID"),
               QStringList({QString::number(today), QString::number(never)}));
     QStringList left;
-    for (QStandardItem* node : panes.AllNodes(panes.coupons)) left << node->data(MainPanes::TagRole).toString().trimmed();
+    for (QStandardItem* node : panes.AllNodes(panes.coupons))
+        left << node->data(MainPanes::TagRole).toString().trimmed();
     EXPECT_EQ(left, QStringList({"", QString::number(today), QString::number(never)}));
 }
 
@@ -107,7 +113,8 @@ TEST_F(CouponTest, AWordForADateStopsThePurgeWithWhatWasDoneKept) {
     clsCoupon().AutoPurge(false, true);
     EXPECT_EQ(ui.lastBox().prompt, "Error: Type mismatch (Occurred in Coupon.AutoPurge)");
     // The first was marked before the walk stopped; nothing was deleted yet.
-    EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "MarkForPurge"), QStringList({"True", "False", "False"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons ORDER BY [ID]", "MarkForPurge"),
+              QStringList({"True", "False", "False"}));
 }
 
 TEST_F(CouponTest, TheDeliveryWalkDeletesExpiredCouponsAndPassesLiveOnes) {
@@ -202,8 +209,7 @@ TEST_F(CouponTest, DeletingLeavesAReminderToDiscardThePaperCoupon) {
 TEST_F(CouponTest, ACouponEnteredForAListedItemReservesByTheListRowsNumber) {
     const qint32 rowID = rows::Add("ShopList", {{"Name", "Week"}, {"ItemName", "Skim Milk"}, {"IsCurrent", false}});
     // A coupon that happens to carry the list row's number is the one reserved.
-    while (AddCoupon("Acme", "Other", "x") < rowID) {
-    }
+    while (AddCoupon("Acme", "Other", "x") < rowID) {}
     ui.answer(Answer::Yes);
     clsCoupon().CheckForExistingList("Milk");
     EXPECT_EQ(LastBox(), "Use Coupon?: A product similar to Milk is already on Week, do you want to use this coupon?");
@@ -223,7 +229,8 @@ TEST_F(CouponTest, TheUncalledHelpersStillAnswer) {
     EXPECT_EQ(found, 0);
 
     coupon.UpdateCoupons("Acme", "Crackers", "", "Week");
-    EXPECT_EQ(rows::Column("SELECT * FROM Coupons WHERE [Product] = 'Soup Crackers'", "OwnerList"), QStringList({"Week"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Coupons WHERE [Product] = 'Soup Crackers'", "OwnerList"),
+              QStringList({"Week"}));
     ui.answer(Answer::OK);
     coupon.UpdateCoupons("Acme", "Joe's", "", "Week");
     EXPECT_TRUE(ui.lastBox().prompt.endsWith("(Occurred in Coupon.UpdateCoupons)"));

@@ -5,7 +5,10 @@
 class ShopListTest : public LarderTest {
 protected:
     static void AddItem(const QString& item, const QString& style, const QString& source) {
-        rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", item}, {"ItemStyle", style}, {"ItemSource", source},
+        rows::Add("ShopList", {{"Name", "Weekly"},
+                               {"ItemName", item},
+                               {"ItemStyle", style},
+                               {"ItemSource", source},
                                {"IsCurrent", true}});
     }
 };
@@ -22,7 +25,8 @@ TEST_F(ShopListTest, AdjustRecipeNameRewritesExactStylesAndEverySourceMention) {
     EXPECT_EQ(rows::Column("SELECT [ItemStyle] FROM ShopList ORDER BY [ID]", "ItemStyle"),
               QStringList({"Texas Chili", "For Chili", "Bakery", "Texas Chili", "Grandma's \"Best\" Pie"}));
     EXPECT_EQ(rows::Column("SELECT [ItemSource] FROM ShopList ORDER BY [ID]", "ItemSource"),
-              QStringList({"", "Texas Chili; Texas Chili night", "Sandwich", "Texas Chili Dog", "for Grandma's \"Best\" Pie"}));
+              QStringList(
+                  {"", "Texas Chili; Texas Chili night", "Sandwich", "Texas Chili Dog", "for Grandma's \"Best\" Pie"}));
     EXPECT_EQ(ui.count(), 0);
 }
 

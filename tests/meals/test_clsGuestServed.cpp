@@ -5,8 +5,8 @@
 using GuestServedTest = LarderTest;
 
 TEST_F(GuestServedTest, RenameAndRemoveFollowTheRecipeAcrossGuests) {
-    for (const auto& [guest, recipe] : QList<QPair<QString, QString>>{
-             {"Ann", "Chili"}, {"Bob", "Chili"}, {"Cy", "Chili Dog"}, {"Dee", "Mom's Pie"}})
+    for (const auto& [guest, recipe] :
+         QList<QPair<QString, QString>>{{"Ann", "Chili"}, {"Bob", "Chili"}, {"Cy", "Chili Dog"}, {"Dee", "Mom's Pie"}})
         rows::Add("GuestServed", {{"GuestName", guest}, {"RecipeName", recipe}});
     clsGuestServed served;
     served.RenameRecipes("Chili", "Texas Chili");

@@ -24,7 +24,7 @@ protected:
 };
 
 TEST_F(MealTest, RemoveRecipeClearsTheTitleInEveryCourseAndKeepsTheRows) {
-    const QStringList courses = {"Appetizer",   "MainCourse",  "Desert",       "SideDishOne",
+    const QStringList courses = {"Appetizer",   "MainCourse",    "Desert",      "SideDishOne",
                                  "SideDishTwo", "SideDishThree", "SideDishfour"};
     QVariantMap all;
     for (const QString& c : courses) all.insert(c, "Chili");

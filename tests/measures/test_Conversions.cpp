@@ -151,7 +151,8 @@ TEST_F(ConversionsTest, ABadCellIsNamedAndTheStoredChartStaysWhole) {
     ui.answer(Answer::OK);
     chart.mnuSaveGrid->trigger();
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(LastBox(), QStringLiteral("Data Error: Error in Row: %1, Column: %2; 1/2, Please correct").arg(cup).arg(pt));
+    EXPECT_EQ(LastBox(),
+              QStringLiteral("Data Error: Error in Row: %1, Column: %2; 1/2, Please correct").arg(cup).arg(pt));
     EXPECT_EQ(Stored("cup", "pt"), "0.5");
     EXPECT_EQ(FilledInStore(), filled);
     // The cell is shown and chosen, ready for the correction.

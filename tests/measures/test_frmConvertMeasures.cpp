@@ -116,8 +116,9 @@ TEST_F(ConvertMeasuresTest, AMissingConstantOffersTheChart) {
         return int(QDialog::Rejected);
     });
     form.cmdCalculate->click();
-    EXPECT_EQ(ui.prompts().mid(1), QStringList({"Error: Invalid use of Null (Occurred in Convert.ConvertUnit)",
-                                                "The required conversion constant does no exist, Do you wish to add it?"}));
+    EXPECT_EQ(ui.prompts().mid(1),
+              QStringList({"Error: Invalid use of Null (Occurred in Convert.ConvertUnit)",
+                           "The required conversion constant does no exist, Do you wish to add it?"}));
     EXPECT_EQ(opened, "frmConversions|Conversion Chart");
     // The lists come back with the choices kept.
     EXPECT_EQ(form.cboFromUnit->currentText() + ">" + form.cboToUnit->currentText(), "cup>g");
@@ -138,7 +139,8 @@ TEST_F(ConvertMeasuresTest, AResultTooBigForTheFixedPointIsReportedNotShown) {
 TEST_F(ConvertMeasuresTest, TheUpDownStepsByOneAndStopsAtZero) {
     frmConvertMeasures form;
     QStringList shown;
-    for (const auto& [start, up] : QList<QPair<QString, bool>>{{"2", true}, {"0.5", false}, {"0", false}, {"abc", true}}) {
+    for (const auto& [start, up] :
+         QList<QPair<QString, bool>>{{"2", true}, {"0.5", false}, {"0", false}, {"abc", true}}) {
         form.txtQuantity->setText(start);
         (up ? form.udQuantityUp : form.udQuantityDown)->click();
         shown << form.txtQuantity->text();

@@ -13,7 +13,8 @@ class MeasureAbbreviationsTest : public LarderTest {
 protected:
     void AddRecipeWith(const QString& title, const QMap<int, QString>& packed) {
         QVariantMap cells;
-        for (auto it = packed.begin(); it != packed.end(); ++it) cells.insert(PackedIngredient::ColumnName(it.key()), it.value());
+        for (auto it = packed.begin(); it != packed.end(); ++it)
+            cells.insert(PackedIngredient::ColumnName(it.key()), it.value());
         rows::Recipe(title, "General", "General", cells);
     }
     int RowOf(frmMeasureAbbreviations& form, const QString& abbreviation) {
@@ -90,7 +91,8 @@ TEST_F(MeasureAbbreviationsTest, SavingStoresNewUnitsAndChangedNames) {
     EXPECT_FALSE(form.Changed());
     QStringList names;
     for (const char* unit : {"tin", "baker's spoon", "cup"})
-        names += rows::Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = " + rows::Literal(unit), "Description");
+        names +=
+            rows::Column("SELECT * FROM Abbreviation WHERE [Abbreviation] = " + rows::Literal(unit), "Description");
     EXPECT_EQ(names, QStringList({"Tin", "Baker's Spoon", "Cupful"}));
     EXPECT_TRUE(form.Lines().contains("baker's spoon|Baker's Spoon"));
 

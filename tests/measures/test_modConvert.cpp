@@ -6,35 +6,43 @@
 class ConvertTest : public LarderTest {
 protected:
     static void AddCell(const QString& from, const QString& to, const QVariant& constant) {
-        rows::Add("Conversion", {{"RowIndex", 90}, {"ColumnIndex", 91}, {"RowDescription", from},
-                                 {"ColumnDescription", to}, {"ConversionConstant", constant}});
+        rows::Add("Conversion", {{"RowIndex", 90},
+                                 {"ColumnIndex", 91},
+                                 {"RowDescription", from},
+                                 {"ColumnDescription", to},
+                                 {"ConversionConstant", constant}});
     }
 };
 
 TEST_F(ConvertTest, MixedNumbersReadAndBadQuantitiesReportAndGiveWhatWasReadSoFar) {
-    struct Case { const char* quantity; const char* result; const char* error; };
+    struct Case {
+        const char* quantity;
+        const char* result;
+        const char* error;
+    };
     const Case cases[] = {
         {"1 1/2", "1.5", nullptr},
         {"  2 2/3 ", "2.6667", nullptr},
         {"0 1/3", "0.3333", nullptr},
-        {"1 1/0", "1", nullptr},  // a zero denominator adds nothing, quietly
+        {"1 1/0", "1", nullptr},                 // a zero denominator adds nothing, quietly
         {"1/2", "0", "Subscript out of range"},  // a lone fraction has no second word
         {"2", "2", "Subscript out of range"},
         {"3 eggs", "3", "Subscript out of range"},
-        {"", "0", "Subscript out of range"},     // no first word at all
+        {"", "0", "Subscript out of range"},  // no first word at all
         {"abc", "0", "Subscript out of range"},
         {"1/0", "0", "Subscript out of range"},
-        {"3eggs 1/2", "0", "Type mismatch"},     // a numeric prefix, yet not a number
-        {"1 1/2/3", "1.5", nullptr},              // what follows the second "/" is ignored
+        {"3eggs 1/2", "0", "Type mismatch"},  // a numeric prefix, yet not a number
+        {"1 1/2/3", "1.5", nullptr},          // what follows the second "/" is ignored
         {"1 1/abc", "1", nullptr},
         {"2  1/2", "2", "Subscript out of range"},  // two blanks: the second word is empty
     };
     for (const Case& c : cases) {
         if (c.error) ui.answer(Answer::OK);
         EXPECT_EQ(FractionToDecimal(c.quantity).toString(), c.result) << c.quantity;
-        EXPECT_EQ(ui.prompts(), c.error ? QStringList({QStringLiteral("Error: %1 (Occurred in Convert.FractionToDecimal)")
-                                                           .arg(c.error)})
-                                        : QStringList())
+        EXPECT_EQ(ui.prompts(),
+                  c.error
+                      ? QStringList({QStringLiteral("Error: %1 (Occurred in Convert.FractionToDecimal)").arg(c.error)})
+                      : QStringList())
             << c.quantity;
         if (c.error) {
             EXPECT_EQ(ui.lastBox().title, "Error");
@@ -48,13 +56,27 @@ TEST_F(ConvertTest, MixedNumbersReadAndBadQuantitiesReportAndGiveWhatWasReadSoFa
 }
 
 TEST_F(ConvertTest, FractionSearchFindsTheSmallestNumeratorThroughFourPlaceRounding) {
-    struct Case { const char* value; const char* fraction; const char* left; };
+    struct Case {
+        const char* value;
+        const char* fraction;
+        const char* left;
+    };
     const Case cases[] = {
-        {"0.25", " 1/4", "0.25"},     {"0.3333", " 1/3", "0.3333"}, {"0.6667", " 2/3", "0.6667"},
-        {"0.0156", " 1/64", "0.0156"}, {"0.01", "", "0.01"},         {"0", "", "0"},
-        {"1", "1", "1"},               {"1.25", "1 1/4", "0.25"},    {"1.5", "1 1/2", "0.5"},
-        {"100", "", "100"},            {"100.5", "100 1/2", "0.5"},  {"64", "64", "64"},
-        {"0.5", " 1/2", "0.5"},        {"2.6667", "2 2/3", "0.6667"}, {"0.1", " 1/10", "0.1"},
+        {"0.25", " 1/4", "0.25"},
+        {"0.3333", " 1/3", "0.3333"},
+        {"0.6667", " 2/3", "0.6667"},
+        {"0.0156", " 1/64", "0.0156"},
+        {"0.01", "", "0.01"},
+        {"0", "", "0"},
+        {"1", "1", "1"},
+        {"1.25", "1 1/4", "0.25"},
+        {"1.5", "1 1/2", "0.5"},
+        {"100", "", "100"},
+        {"100.5", "100 1/2", "0.5"},
+        {"64", "64", "64"},
+        {"0.5", " 1/2", "0.5"},
+        {"2.6667", "2 2/3", "0.6667"},
+        {"0.1", " 1/10", "0.1"},
     };
     for (const Case& c : cases) {
         Currency value = *Currency::parse(c.value);

@@ -25,7 +25,8 @@ TEST_F(CommentsTest, ACommentIsStoredAgainstItsRowKey) {
     ConnectionMain().Close();
     ui.answer(Answer::OK);
     EXPECT_FALSE(comments.AddComment("x", 1));
-    EXPECT_EQ(ui.lastBox().prompt, "Error: Operation is not allowed when the object is closed. (Occurred in Comments.AddComment)");
+    EXPECT_EQ(ui.lastBox().prompt,
+              "Error: Operation is not allowed when the object is closed. (Occurred in Comments.AddComment)");
 }
 
 TEST_F(CommentsTest, TheEditorGivesBackTheEditedTextOnlyWhenAccepted) {

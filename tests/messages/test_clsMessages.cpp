@@ -64,7 +64,9 @@ TEST_F(MessagesTest, DuplicateTitlesAreStoredAndDeletedOneAtATimeAndQuotesSurviv
 
 TEST_F(MessagesTest, UpdateWritesOnlyTheFirstKeptMemberOfBodyDateAndTime) {
     rows::Message("Oil change", "old", "11/01/2026", 1, 4);
-    auto state = [&] { return QStringList({Of("Oil change", "Body"), Of("Oil change", "Date"), Of("Oil change", "ReminderTime")}); };
+    auto state = [&] {
+        return QStringList({Of("Oil change", "Body"), Of("Oil change", "Date"), Of("Oil change", "ReminderTime")});
+    };
     {
         clsMessages m;
         m.Body("new body");
@@ -142,9 +144,12 @@ TEST_F(MessagesTest, PurgeDeletesOnlyRealDatesBeforeNowAndTheirPaneItems) {
     ui.clear();
 
     // "Past two" is today, before 10 o'clock now.
-    const QList<QStringList> messages = {{"Past one", "11/01/2026", "1"}, {"Past two", "11/22/2026", "2"},
-                                         {"Undated", "None", "1"},        {"Garbled", "1999 or so", "1"},
-                                         {"Blank", "", "2"},              {"Future", "11/23/2026", "1"}};
+    const QList<QStringList> messages = {{"Past one", "11/01/2026", "1"},
+                                         {"Past two", "11/22/2026", "2"},
+                                         {"Undated", "None", "1"},
+                                         {"Garbled", "1999 or so", "1"},
+                                         {"Blank", "", "2"},
+                                         {"Future", "11/23/2026", "1"}};
     for (const QStringList& m : messages) {
         rows::Message(m[0], "text", m[1], m[2].toInt(), m[2] == "1" ? 1 : 4);
         MainPanes::Instance().messages.appendRow(MainPanes::MakeNode(QString(), m[0]));
@@ -161,7 +166,8 @@ TEST_F(MessagesTest, PurgeDeletesOnlyRealDatesBeforeNowAndTheirPaneItems) {
     EXPECT_EQ(rows::Column("SELECT * FROM Messages ORDER BY [Title]", "Title"),
               QStringList({"Blank", "Future", "Garbled", "Undated"}));
     QStringList pane;
-    for (int r = 0; r < MainPanes::Instance().messages.rowCount(); ++r) pane << MainPanes::Instance().messages.item(r, 0)->text();
+    for (int r = 0; r < MainPanes::Instance().messages.rowCount(); ++r)
+        pane << MainPanes::Instance().messages.item(r, 0)->text();
     EXPECT_EQ(pane, QStringList({"Undated", "Garbled", "Blank", "Future"}));
     EXPECT_EQ(ui.count(), 2);
 }
@@ -175,8 +181,9 @@ TEST_F(MessagesTest, ExportWritesAWeekLongEventAndOffersToMailIt) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(file.readAll());
     EXPECT_TRUE(text.contains("SUMMARY:Dentist\r\nDESCRIPTION:Bring the card\r\n"));
-    EXPECT_TRUE(text.contains("DTSTART:20261122T000000\r\nDTEND:20261129T000000\r\nDUE:20261125T000000\r\n"
-                              "COMPLETED:20261122T000000\r\nDCREATED:20261122T000000\r\n"));
+    EXPECT_TRUE(
+        text.contains("DTSTART:20261122T000000\r\nDTEND:20261129T000000\r\nDUE:20261125T000000\r\n"
+                      "COMPLETED:20261122T000000\r\nDCREATED:20261122T000000\r\n"));
     EXPECT_EQ(ui.lastBox().title, "Send Calendar Event");
     EXPECT_TRUE(links.isEmpty());
 

@@ -36,8 +36,8 @@ TEST_F(CalendarEventsTest, DatedMessagesHangUnderOneRootMarkedByWhenTheyFall) {
     EXPECT_EQ(root->text(), "Messages");
     EXPECT_EQ(root->data(MainPanes::KeyRole).toString(), "Message");
     EXPECT_TRUE(root->font().bold());
-    EXPECT_EQ(Shown(root), QStringList({"Bake bread|Today", "Buy yeast|Notice", "Plan the party|Generic",
-                                        "Lunch today|Today"}));
+    EXPECT_EQ(Shown(root),
+              QStringList({"Bake bread|Today", "Buy yeast|Notice", "Plan the party|Generic", "Lunch today|Today"}));
     EXPECT_EQ(root->child(2)->foreground().color(), QColor(100, 100, 100));
     EXPECT_EQ(ui.count(), 0);
 }

@@ -1,6 +1,6 @@
+#include "app/frmMain.h"
 #include "core/MainPanes.h"
 #include "core/clsRegistry.h"
-#include "app/frmMain.h"
 #include "messages/EditorToolbar.h"
 #include "messages/frmMessageNew.h"
 #include "support/Rows.h"
@@ -112,8 +112,9 @@ TEST_F(MessageNewTest, EmailExportIsOfferedButNotThereYet) {
     frmMessageNew f;
     ui.answer(Answer::No);
     f.tbEditor_ButtonClick("Email");
-    EXPECT_EQ(LastBox(), "Export Message: This will save this Message as a file that can be emailed and imported\r\n"
-                         "into Microsoft Outlook's Calendar. Do you want to continue?");
+    EXPECT_EQ(LastBox(),
+              "Export Message: This will save this Message as a file that can be emailed and imported\r\n"
+              "into Microsoft Outlook's Calendar. Do you want to continue?");
     ui.answer(Answer::Yes);
     ui.answer(Answer::OK);
     f.tbEditor_ButtonClick("Email");

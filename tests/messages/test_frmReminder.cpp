@@ -62,8 +62,9 @@ TEST_F(ReminderTest, ClosingWithoutRemindAgainDeletesTheMessageAfterAYes) {
     r->show();
     ui.answer(Answer::Yes);
     r->cmdClose_Click();
-    EXPECT_EQ(LastBox(), "Continue: This message has not been marked for further notification so it will be deleted. "
-                         "Do you want to continue?");
+    EXPECT_EQ(LastBox(),
+              "Continue: This message has not been marked for further notification so it will be deleted. "
+              "Do you want to continue?");
     EXPECT_EQ(ui.lastBox().buttons, 292);
     EXPECT_FALSE(Of("Title").isValid());
     EXPECT_EQ(PaneRows(), 0);
@@ -102,7 +103,8 @@ TEST_F(ReminderTest, ExportWritesTheCalendarFileAndThenRemovesTheReminder) {
     qputenv("TMPDIR", oldTmp);
     QFile file(QDir(Home()).filePath("Return library books.vcs"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(QString::fromUtf8(file.readAll()).contains("SUMMARY:Return library books\r\nDESCRIPTION:Three of them\r\n"));
+    EXPECT_TRUE(
+        QString::fromUtf8(file.readAll()).contains("SUMMARY:Return library books\r\nDESCRIPTION:Three of them\r\n"));
     EXPECT_FALSE(Of("Title").isValid());
     EXPECT_EQ(PaneRows(), 0);
 }

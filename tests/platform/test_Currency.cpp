@@ -5,8 +5,9 @@
 
 TEST(Currency, PrintsTheShortestDecimalWithALeadingZero) {
     const std::pair<Currency, const char*> cases[] = {
-        {Currency::fromRaw(5000), "0.5"},       {Currency(2), "2"},          {Currency::fromRaw(-2500), "-0.25"},
-        {Currency::fromRaw(12345678), "1234.5678"}, {Currency::fromRaw(1), "0.0001"}, {Currency(), "0"},
+        {Currency::fromRaw(5000), "0.5"},           {Currency(2), "2"},
+        {Currency::fromRaw(-2500), "-0.25"},        {Currency::fromRaw(12345678), "1234.5678"},
+        {Currency::fromRaw(1), "0.0001"},           {Currency(), "0"},
         {Currency::min(), "-922337203685477.5808"}, {Currency::max(), "922337203685477.5807"}};
     for (const auto& [money, text] : cases) EXPECT_EQ(money.toString(), text);
 }
@@ -25,8 +26,8 @@ TEST(Currency, DoublesAndTextsRoundHalfToEvenAtFourPlaces) {
 }
 
 TEST(Currency, ParsesMoneyTextAndRejectsTheRest) {
-    const std::pair<const char*, const char*> cases[] = {{"1.5", "1.5"},     {"-2", "-2"},   {"$3.25", "3.25"},
-                                                         {"-$3.25", "-3.25"}, {" 4 ", "4"},   {"1,234.50", "1234.5"},
+    const std::pair<const char*, const char*> cases[] = {{"1.5", "1.5"},      {"-2", "-2"}, {"$3.25", "3.25"},
+                                                         {"-$3.25", "-3.25"}, {" 4 ", "4"}, {"1,234.50", "1234.5"},
                                                          {".75", "0.75"}};
     for (const auto& [text, money] : cases) EXPECT_EQ(Currency::parse(text)->toString(), money) << text;
     for (const char* bad : {"", "$", "1.2.3", "abc", "-", ".", "1e5", "12abc", "--1", ",5"})

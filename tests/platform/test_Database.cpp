@@ -5,8 +5,8 @@
 #include "platform/Recordset.h"
 #include "support/TestEnv.h"
 
-#include <QFile>
 #include <QDateTime>
+#include <QFile>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -61,7 +61,8 @@ TEST_F(DatabaseTest, DatesCompareAsDatesAndWordsInDateTextColumnsSortAroundThem)
     EXPECT_EQ(Column("SELECT * FROM Product WHERE [LastPurchasedDate] BETWEEN #11/20/2026# AND #11/21/2026#", "Name"),
               QStringList({"Bought lately"}));
     Recordset rs;
-    rs.Open("SELECT [LastPurchasedDate] FROM Product WHERE [Name] = 'Bought lately'", db(), adOpenKeyset, adLockReadOnly);
+    rs.Open("SELECT [LastPurchasedDate] FROM Product WHERE [Name] = 'Bought lately'", db(), adOpenKeyset,
+            adLockReadOnly);
     EXPECT_EQ(rs.Field("LastPurchasedDate").toDateTime(), QDateTime(QDate(2026, 11, 20), QTime(15, 15)));
 
     // A word sorts after every date, an empty text before.
@@ -129,15 +130,18 @@ TEST_F(DatabaseTest, QueriesForWhatIsNotThereOrThatWriteAreRefused) {
 }
 
 TEST_F(DatabaseTest, WritesAreRefusedOnJoinsGroupsAndReadOnlyLocks) {
-    AddRow("ShopList", {{"Name", "L"}, {"ItemName", "Flour"}, {"Store", "Aldi"}, {"ItemStyle", "Baking"}, {"IsCurrent", true}});
-    AddRow("ShopList", {{"Name", "L"}, {"ItemName", "Sugar"}, {"Store", "Aldi"}, {"ItemStyle", "Baking"}, {"IsCurrent", true}});
+    AddRow("ShopList",
+           {{"Name", "L"}, {"ItemName", "Flour"}, {"Store", "Aldi"}, {"ItemStyle", "Baking"}, {"IsCurrent", true}});
+    AddRow("ShopList",
+           {{"Name", "L"}, {"ItemName", "Sugar"}, {"Store", "Aldi"}, {"ItemStyle", "Baking"}, {"IsCurrent", true}});
     AddRow("IsleMap", {{"Store", "Aldi"}, {"ItemCategory", "Baking"}, {"Isle", "3"}, {"IsleOrder", 3}});
     const QStringList items = {"Flour", "Sugar"};
 
     Recordset join;
-    join.Open("SELECT * FROM ShopList, IsleMap WHERE (ShopList.Store = IsleMap.Store) AND "
-              "(IsleMap.ItemCategory = Shoplist.ItemStyle)",
-              db(), adOpenKeyset, adLockOptimistic);
+    join.Open(
+        "SELECT * FROM ShopList, IsleMap WHERE (ShopList.Store = IsleMap.Store) AND "
+        "(IsleMap.ItemCategory = Shoplist.ItemStyle)",
+        db(), adOpenKeyset, adLockOptimistic);
     ASSERT_FALSE(join.IsEOF());
     EXPECT_EQ(join.Field("Isle").toString(), "3");
     EXPECT_EQ(join.Field("IsleMap.Store").toString(), "Aldi");
@@ -159,8 +163,8 @@ TEST_F(DatabaseTest, WritesAreRefusedOnJoinsGroupsAndReadOnlyLocks) {
     }
     // An aggregate inside a subquery leaves the outer rows the table's own.
     Recordset latest;
-    latest.Open("SELECT * FROM ShopList WHERE [ItemName] = (SELECT MAX([ItemName]) FROM ShopList)", db(),
-                adOpenKeyset, adLockOptimistic);
+    latest.Open("SELECT * FROM ShopList WHERE [ItemName] = (SELECT MAX([ItemName]) FROM ShopList)", db(), adOpenKeyset,
+                adLockOptimistic);
     EXPECT_TRUE(latest.Updatable());
 
     Recordset readOnly;

@@ -35,8 +35,8 @@ TEST_F(ReportTest, HtmlAndTextCarryTheSameContentInOrder) {
     EXPECT_EQ(report.RowCount(), 2);
 
     const QString html = report.ToHtml();
-    for (const char* part : {"<h1>Pantry &lt;check&gt;</h1>", "Milk &amp; cream", "Bread &quot;rye&quot;",
-                             "First line<br>Second line"})
+    for (const char* part :
+         {"<h1>Pantry &lt;check&gt;</h1>", "Milk &amp; cream", "Bread &quot;rye&quot;", "First line<br>Second line"})
         EXPECT_TRUE(html.contains(part)) << part;
     EXPECT_LT(html.indexOf("Dairy"), html.indexOf("Cold"));
     EXPECT_LT(html.indexOf("Cold"), html.indexOf("Milk"));

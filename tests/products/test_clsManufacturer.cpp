@@ -72,15 +72,17 @@ TEST_F(ManufacturerTest, RenamingReachesProductsAndCouponsAndStoresAreFoundByPar
 TEST_F(ManufacturerTest, DeletingAsksWhatBecomesOfTheProductsAndAlwaysTakesTheCoupons) {
     Household();
     Answered(Answer::Cancel);
-    EXPECT_EQ(LastBox(), "Products Found: There are Products for Quaker. Do you wish to delete these Products or set the "
-                         "Manufacturer to 'Any'?\r\n\r\n • Click 'Yes' to delete this Manufacturer.\r\n • Click 'No' "
-                         "to reset the Manufacturer to 'Any'.\r\n • Click 'Cancel' to Exit.");
+    EXPECT_EQ(LastBox(),
+              "Products Found: There are Products for Quaker. Do you wish to delete these Products or set the "
+              "Manufacturer to 'Any'?\r\n\r\n • Click 'Yes' to delete this Manufacturer.\r\n • Click 'No' "
+              "to reset the Manufacturer to 'Any'.\r\n • Click 'Cancel' to Exit.");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNoCancel + Box::Question);
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [Manufacturer] = 'Quaker'"), 2);
     EXPECT_EQ(rows::Count("SELECT * FROM Coupons"), 1);
 
     Answered(Answer::No);
-    EXPECT_EQ(rows::Column("SELECT * FROM Product ORDER BY [ID]", "Manufacturer"), QStringList({"Any", "Any", "Lipton"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Product ORDER BY [ID]", "Manufacturer"),
+              QStringList({"Any", "Any", "Lipton"}));
     EXPECT_EQ(rows::Count("SELECT * FROM Coupons"), 0);
     EXPECT_EQ(rows::Count("SELECT * FROM Manufacturer"), 0);
     EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory"), 2);

@@ -28,7 +28,8 @@ TEST_F(ProductTest, WriteNewStoresTheRowRaisesItsEventAndPlacesItInInventoryOnRe
     QObject listener;
     QObject::connect(&ProductEvents::Instance(), &ProductEvents::ProductEvent, &listener, [&](int n) { events << n; });
     clsProduct product;
-    const qint32 plain = product.WriteNew("Ben's", "Rice \"Long\"", "Pasta", "2 lb", true, false, Currency::fromDouble(1.25), "0");
+    const qint32 plain =
+        product.WriteNew("Ben's", "Rice \"Long\"", "Pasta", "2 lb", true, false, Currency::fromDouble(1.25), "0");
     const qint32 stocked = product.WriteNew("Any", "Milk", "Dairy", "1 gal", false, true, Currency(), "0");
     EXPECT_GT(stocked, plain);
     EXPECT_EQ(events, QList<int>({1, 1}));
@@ -74,15 +75,19 @@ TEST_F(ProductTest, AddingToInventoryAsksAboutAnItemOnHandAndIgnoresSharedNames)
     ui.answer(Answer::No);
     product.AddToInventory("Butter");
     // From the purchase to ten days after today: the figure grows with age.
-    EXPECT_EQ(LastBox(), "Add Item: That Item is already in Inventory but will be marked as empty in20 days.\r\n"
-                         "Would you still like to add this Item to Inventory?");
-    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10), "11/12/2026");
+    EXPECT_EQ(LastBox(),
+              "Add Item: That Item is already in Inventory but will be marked as empty in20 days.\r\n"
+              "Would you still like to add this Item to Inventory?");
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10),
+              "11/12/2026");
     ui.answer(Answer::Yes);
     product.AddToInventory("Butter");
-    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10), "11/22/2026");
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Butter'", "LastPurchasedDate")[0].left(10),
+              "11/22/2026");
 
     product.AddToInventory("Flour");  // the sentinel: not on hand, no question
-    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Flour'", "LastPurchasedDate")[0].left(10), "11/22/2026");
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Flour'", "LastPurchasedDate")[0].left(10),
+              "11/22/2026");
     product.AddToInventory("Salt");  // two products of the name: nothing
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [LastPurchasedDate] > #1/1/50# AND [Name] = 'Salt'"), 0);
 }
@@ -130,7 +135,8 @@ TEST_F(ProductTest, DeletingAsksAboutOldHistoryAndListsAndRaisesItsEvent) {
 
     ui.answer(Answer::No);
     product.Delete("Cocoa");
-    EXPECT_EQ(LastBox(), "Delete Product: That Product has a Cost History, are you certain that you wish to delete it?");
+    EXPECT_EQ(LastBox(),
+              "Delete Product: That Product has a Cost History, are you certain that you wish to delete it?");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_EQ(rows::Count("SELECT * FROM Product"), 1);
 
@@ -162,12 +168,14 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
     EXPECT_EQ(ui.lastBox().prompt, "There are not Products to export.");
     EXPECT_FALSE(QFile::exists(clsProduct::ExportFile()));
 
-    rows::Add("Product", {{"Manufacturer", "Ben's"}, {"Name", "Rice, \"Long\""}, {"Size", "2 lb"}, {"Category", "Pasta"}});
+    rows::Add("Product",
+              {{"Manufacturer", "Ben's"}, {"Name", "Rice, \"Long\""}, {"Size", "2 lb"}, {"Category", "Pasta"}});
     rows::Add("Product", {{"Manufacturer", "Any"}, {"Name", "Milk"}});
     product.ExportList();
     QFile f(clsProduct::ExportFile());
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), QByteArray("\"Ben's\",\"Rice, \"\"Long\"\"\",\"2 lb\",\"Pasta\"\r\n\"Any\",\"Milk\",\"\",\"\"\r\n"));
+    EXPECT_EQ(f.readAll(),
+              QByteArray("\"Ben's\",\"Rice, \"\"Long\"\"\",\"2 lb\",\"Pasta\"\r\n\"Any\",\"Milk\",\"\",\"\"\r\n"));
     f.close();
 
     ui.answer(Answer::No);
@@ -186,8 +194,11 @@ TEST_F(ProductTest, TheCatalogueFileQuotesEveryFieldAndIsNotWrittenEmpty) {
 }
 
 TEST_F(ProductTest, CostTextsAcceptADollarSignAndRefuseTheRest) {
-    const std::pair<const char*, Currency> costs[] = {
-        {"$1.25", Currency::fromDouble(1.25)}, {" 3 ", Currency(3)}, {"", Currency()}, {"-5", Currency(-5)}, {"$", Currency()}};
+    const std::pair<const char*, Currency> costs[] = {{"$1.25", Currency::fromDouble(1.25)},
+                                                      {" 3 ", Currency(3)},
+                                                      {"", Currency()},
+                                                      {"-5", Currency(-5)},
+                                                      {"$", Currency()}};
     for (const auto& [text, cost] : costs) EXPECT_EQ(clsProduct::CostFromText(text), cost) << text;
     EXPECT_FALSE(clsProduct::CostFromText("1.2.3"));
     EXPECT_FALSE(clsProduct::CostFromText("abc"));

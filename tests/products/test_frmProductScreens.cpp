@@ -85,7 +85,8 @@ TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
     form.cboManufacturer->setCurrentText("Kroger");
     ui.answer(Answer::Yes);
     form.cboManufacturer_LostFocus();
-    EXPECT_EQ(LastBox(), "Set Store: Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
+    EXPECT_EQ(LastBox(),
+              "Set Store: Kroger is also a Store Name. Would you like to set this as this Item's Store as well?");
     EXPECT_EQ(form.cboStore->currentText(), "Kroger");
 
     form.cboStore->setCurrentText("Joe's Market");
@@ -96,7 +97,9 @@ TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
 }
 
 TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnConfirmation) {
-    rows::Add("Product", {{"Name", "Tea"}, {"Manufacturer", "Lipton"}, {"Size", "box"}, {"Category", "Drinks"}, {"lookout", true}});
+    rows::Add(
+        "Product",
+        {{"Name", "Tea"}, {"Manufacturer", "Lipton"}, {"Size", "box"}, {"Category", "Drinks"}, {"lookout", true}});
     rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Category", "Cereal"}});
     rows::Add("Product", {{"Name", "Star*Fruit*"}, {"Manufacturer", "Any"}});
     frmProductListing listing;
@@ -139,8 +142,10 @@ TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnCo
 }
 
 TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
-    const qint32 id = rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Cost", "2.5"}});
-    rows::Add("SpendHistory", {{"ItemID", id}, {"ItemStore", "Aldi"}, {"ItemListCost", "2.39"}, {"ItemListDate", "11/01/2026"}});
+    const qint32 id =
+        rows::Add("Product", {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Cost", "2.5"}});
+    rows::Add("SpendHistory",
+              {{"ItemID", id}, {"ItemStore", "Aldi"}, {"ItemListCost", "2.39"}, {"ItemListDate", "11/01/2026"}});
     frmProductListing listing{QString()};
     frmProductDetail detail(id);
     ASSERT_TRUE(detail.Found());

@@ -39,16 +39,17 @@ TEST_F(CalendarTest, TheFileHoldsItsFourteenLinesInTheirFixedFormEvenWhenEmpty) 
                                      "DCREATED:20260102T030405\r\n"
                                      "END: VEVENT\r\n"
                                      "END: VCALENDAR\r\n"));
-    EXPECT_EQ(LastBox(), "Send Calendar Event: Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
+    EXPECT_EQ(LastBox(),
+              "Send Calendar Event: Dinner at Jo's.vcs was created.\r\nWould you like to sent it to someone? ");
     EXPECT_EQ(ui.lastBox().buttons & 7, Box::YesNo);
     EXPECT_TRUE(links.isEmpty());
 
     clsCalendar empty;
     ui.answer(Answer::No);
     EXPECT_EQ(Read(empty.WriteData("blank")), QByteArray("BEGIN: VCALENDAR\r\nVERSION: 1.0\r\nBEGIN: VEVENT\r\n"
-                                                          "SUMMARY:\r\nDESCRIPTION:\r\nLOCATION:\r\nATTENDEE:\r\n"
-                                                          "DTSTART:\r\nDTEND:\r\nDUE:\r\nCOMPLETED:\r\nDCREATED:\r\n"
-                                                          "END: VEVENT\r\nEND: VCALENDAR\r\n"));
+                                                         "SUMMARY:\r\nDESCRIPTION:\r\nLOCATION:\r\nATTENDEE:\r\n"
+                                                         "DTSTART:\r\nDTEND:\r\nDUE:\r\nCOMPLETED:\r\nDCREATED:\r\n"
+                                                         "END: VEVENT\r\nEND: VCALENDAR\r\n"));
 }
 
 TEST_F(CalendarTest, AYesAsksForAnAddressAndMailsTheFileAlong) {
@@ -93,12 +94,11 @@ TEST_F(CalendarTest, DatesConvertBothWaysAndTheZoneLetterChangesNothing) {
                            clsCalendar::ConvertTovCalDateTime(QDateTime())}),
               QStringList({"20021231T235959", "20260304T050607", ""}));
     // Places beyond their range roll on, as date arithmetic does.
-    const std::pair<const char*, QDateTime> stamps[] = {
-        {"20021231T235959", lastSecond},
-        {"  20021231T235959  ", lastSecond},
-        {"20021231T235959Z", lastSecond},
-        {"20030101T080000Z", QDateTime(QDate(2003, 1, 1), QTime(8, 0))},
-        {"20021232T240000", QDateTime(QDate(2003, 1, 2), QTime(0, 0))}};
+    const std::pair<const char*, QDateTime> stamps[] = {{"20021231T235959", lastSecond},
+                                                        {"  20021231T235959  ", lastSecond},
+                                                        {"20021231T235959Z", lastSecond},
+                                                        {"20030101T080000Z", QDateTime(QDate(2003, 1, 1), QTime(8, 0))},
+                                                        {"20021232T240000", QDateTime(QDate(2003, 1, 2), QTime(0, 0))}};
     for (const auto& [stamp, when] : stamps) EXPECT_EQ(clsCalendar::ConvertFromvCalDateTime(stamp), when) << stamp;
     EXPECT_EQ(ui.count(), 0);
 

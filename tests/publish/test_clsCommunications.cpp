@@ -5,9 +5,9 @@ using MailTest = MailCaptureTest;
 TEST_F(MailTest, TheLinkTakesOnlyThePartsGivenInItsFixedOrderAndEncodesNothing) {
     clsCommunications mail;
     // No subject: the body follows with "&" and no "?"; an ampersand in the subject stays as typed.
-    const QStringList expected = {"mailto:a@b.com?Subject=Hi&Body=Body text", "mailto:a@b.com",
-                                  "mailto:a@b.com&Body=Just the body", "mailto:?Subject=Hi&Attach=\"/tmp/My%20List.slf\"",
-                                  "mailto:a@b.com?Subject=Salt & pepper&Body=It's \"fine\""};
+    const QStringList expected = {
+        "mailto:a@b.com?Subject=Hi&Body=Body text", "mailto:a@b.com", "mailto:a@b.com&Body=Just the body",
+        "mailto:?Subject=Hi&Attach=\"/tmp/My%20List.slf\"", "mailto:a@b.com?Subject=Salt & pepper&Body=It's \"fine\""};
     const QStringList made = {mail.SendEmail("a@b.com", "Hi", "Body text", ""), mail.SendEmail("a@b.com", "", "", ""),
                               mail.SendEmail("a@b.com", "", "Just the body", ""),
                               mail.SendEmail("", "Hi", "", "/tmp/My List.slf"),

@@ -43,7 +43,8 @@ TEST(PackedIngredient, FieldReadersTrimTheQuantityAndReadAnEmptyUnitAsEach) {
 
 TEST(PackedIngredient, DisplayAndPrintLinesKeepTheirFixedFields) {
     const std::pair<const char*, const char*> lines[] = {
-        {"      2%%cup%%flour%%sifted", "      2 cu flour"}, {"1 1/2%%T%%sugar", "  1 1/2 T  sugar"},
+        {"      2%%cup%%flour%%sifted", "      2 cu flour"},
+        {"1 1/2%%T%%sugar", "  1 1/2 T  sugar"},
         {"      3%%%%eggs", "      3 ea eggs"},
         {"1234567890%%oz%%cheese", "1234567 oz cheese"},  // a quantity longer than its field is cut to seven
         {"salt", "   salt ea "}};

@@ -12,8 +12,12 @@ protected:
 
 TEST_F(ComparisonsTest, EachListedRecipeGetsItsDetailsLine) {
     rows::Recipe("Chili", "Soups,Quick", "Family",
-                 {{"Course", "Main Course"}, {"PrepTime", "45 mins."}, {"Servings", "6 Servings"}, {"Favorite", true},
-                  {"TimesUsed", 4}, {"Instructions", "Brown~" + QString(200, 'x')}});
+                 {{"Course", "Main Course"},
+                  {"PrepTime", "45 mins."},
+                  {"Servings", "6 Servings"},
+                  {"Favorite", true},
+                  {"TimesUsed", 4},
+                  {"Instructions", "Brown~" + QString(200, 'x')}});
     rows::Recipe("Mom's Toast", "Quick");
     RecipeComparisons& list = RecipeComparisons::Instance();
     for (const char* title : {"Chili", "Gone", "Mom's Toast"}) list.Add(title);

@@ -80,8 +80,9 @@ TEST_F(CookBookTest, ExportAsksItsQuestionForHtmlOnly) {
     ui.answer(Answer::No);
     books.ExportCookBook("General", 4, false, HomeFile("out.htm"));
     ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(LastBox(), "Select Format: Would you like to use the Report format or the Website format?\r\n"
-                         "  Click 'Yes' for the Report Format, and 'No' for the Website format.");
+    EXPECT_EQ(LastBox(),
+              "Select Format: Would you like to use the Report format or the Website format?\r\n"
+              "  Click 'Yes' for the Report Format, and 'No' for the Website format.");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo);
     EXPECT_EQ(Response, Answer::No);
     EXPECT_FALSE(QFile::exists(HomeFile("out.htm")));

@@ -5,8 +5,11 @@
 using CoursesTest = LarderTest;
 
 TEST_F(CoursesTest, WriteNewReachesEveryStyleThatMentionsTheCategoryAndClearAllLeavesTheRecipes) {
-    for (const auto& [title, style] : QList<QPair<QString, QString>>{
-             {"Trout", "Fish"}, {"Shrimp", "Shellfish"}, {"Tacos", "Quick,Fish"}, {"Steak", "Meat"}, {"Pie", "Mom's Best"}})
+    for (const auto& [title, style] : QList<QPair<QString, QString>>{{"Trout", "Fish"},
+                                                                     {"Shrimp", "Shellfish"},
+                                                                     {"Tacos", "Quick,Fish"},
+                                                                     {"Steak", "Meat"},
+                                                                     {"Pie", "Mom's Best"}})
         rows::Recipe(title, style);
     clsCourses courses;
     EXPECT_FALSE(courses.IsMapped("Fish"));

@@ -44,7 +44,8 @@ TEST_F(RecCategoryTest, RemoveCategoryRewritesOnlyRecipesWhoseWholeListItIs) {
     categories.RemoveCategory("Fish");
     EXPECT_FALSE(categories.Exists("Fish"));
     EXPECT_TRUE(categories.Exists("Shellfish"));
-    EXPECT_EQ(rows::Column("SELECT * FROM Recipie ORDER BY [ID]", "Style"), QStringList({"", "Fish, Quick", "Shellfish"}));
+    EXPECT_EQ(rows::Column("SELECT * FROM Recipie ORDER BY [ID]", "Style"),
+              QStringList({"", "Fish, Quick", "Shellfish"}));
     EXPECT_EQ(tree::Lines(), QStringList({"Quick", "Quick/Fish"}));
     EXPECT_EQ(ui.count(), 0);
 }

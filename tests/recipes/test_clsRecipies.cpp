@@ -24,7 +24,8 @@ protected:
         if (!description.isEmpty()) {
             EXPECT_EQ(prompt, "Error: " + description + " (Occurred in " + label + ")");
         }
-        EXPECT_TRUE(prompt.startsWith("Error: ") && prompt.endsWith(" (Occurred in " + label + ")")) << prompt.toStdString();
+        EXPECT_TRUE(prompt.startsWith("Error: ") && prompt.endsWith(" (Occurred in " + label + ")"))
+            << prompt.toStdString();
         EXPECT_EQ(ui.lastBox().title, "Error");
     }
     static QString Of(const QString& title, const QString& column) {
@@ -107,7 +108,8 @@ TEST_F(RecipiesTest, TitlesAndNamesWithQuotesNeverBreakTheProgram) {
 TEST_F(RecipiesTest, SlotNineteenIsInvisibleToTheCountAndTheTextViewAndLongFieldsShowCut) {
     // Slot 2 left empty: the gap counts.
     rows::Recipe("Bean Soup", "Soups", "General",
-                 {{"Ingredient1", "      2%%cup%%beans%%soaked"}, {"Ingredient3", "      1%%%%onion"},
+                 {{"Ingredient1", "      2%%cup%%beans%%soaked"},
+                  {"Ingredient3", "      1%%%%onion"},
                   {"ingredient19", "      9%%tsp%%secret spice"}});
     rows::Recipe("Hidden Soup", "Soups", "General",
                  {{"ingredient19", "      1%%pinch%%salt"}, {"ingredient20", "      1%%dash%%pepper"}});
@@ -134,7 +136,8 @@ TEST_F(RecipiesTest, SlotNineteenIsInvisibleToTheCountAndTheTextViewAndLongField
 TEST_F(RecipiesTest, IndexedReadersSplitTheRowDisplayPositioned) {
     // Three fields with an empty unit, then no separator at all.
     rows::Recipe("Bread", "Quick", "General",
-                 {{"Ingredient1", "  1 1/2%%cup%%flour%%sifted"}, {"Ingredient2", "      2%%%%eggs"},
+                 {{"Ingredient1", "  1 1/2%%cup%%flour%%sifted"},
+                  {"Ingredient2", "      2%%%%eggs"},
                   {"Ingredient3", "a pinch of salt"}});
     clsRecipies r;
     ASSERT_FALSE(r.Display("Bread").isEmpty());
@@ -150,18 +153,22 @@ TEST_F(RecipiesTest, IndexedReadersSplitTheRowDisplayPositioned) {
 
 TEST_F(RecipiesTest, DisplayBuildsTheTextViewWithFixedFieldsAndLineBreaks) {
     rows::Recipe("Chili", "Soups,Quick", "General",
-                 {{"Course", "Main Course"}, {"PrepTime", "1 hr. 30 mins."}, {"Servings", "6 Servings"},
+                 {{"Course", "Main Course"},
+                  {"PrepTime", "1 hr. 30 mins."},
+                  {"Servings", "6 Servings"},
                   {"Instructions", "Brown the meat.~Add the beans.~Simmer."},
-                  {"Ingredient1", "      2%%cup%%kidney beans%%drained"}, {"Ingredient2", "      1%%lb%%ground beef"},
+                  {"Ingredient1", "      2%%cup%%kidney beans%%drained"},
+                  {"Ingredient2", "      1%%lb%%ground beef"},
                   {"Ingredient4", "    1/2%%%%onion%%chopped"}});
     rows::Recipe("Aardvark Stew");
     rows::Recipe("Zucchini Bread");
 
     clsRecipies r;
-    EXPECT_EQ(r.Display("  Chili "),
-              "Categories: Soups,Quick\r\nCourse: Main Course\r\nPrep Time: 1 hr. 30 mins.\r\nServings: 6 Servings\r\n\r\n"
-              "      2 cu kidney beans\r\n      1 lb ground beef\r\n    1/2 ea onion\r\n"
-              "Brown the meat.\r\nAdd the beans.\r\nSimmer.");
+    EXPECT_EQ(
+        r.Display("  Chili "),
+        "Categories: Soups,Quick\r\nCourse: Main Course\r\nPrep Time: 1 hr. 30 mins.\r\nServings: 6 Servings\r\n\r\n"
+        "      2 cu kidney beans\r\n      1 lb ground beef\r\n    1/2 ea onion\r\n"
+        "Brown the meat.\r\nAdd the beans.\r\nSimmer.");
     // The readers now stand on that row.
     EXPECT_EQ(QStringList({r.Name(), r.Style(), r.Course(), r.Instructions()}),
               QStringList({"Chili", "Soups,Quick", "Main Course", "Brown the meat.~Add the beans.~Simmer."}));
@@ -212,10 +219,12 @@ TEST_F(RecipiesTest, RenameReachesTreeListsGuestsAndTheComparisonList) {
     tree::AddRecipe("Soups", "Chili");            // as the entry screen adds it
     tree::AddRecipe("Quick", "Chili", "Recipe");  // as the tree loader adds it
     tree::AddRecipe("Quick", "Chili Dog");
-    for (const auto& [style, source] :
-         QList<QPair<QString, QString>>{{"Chili", "from chili and CHILI night"}, {"For Chili", ""}, {"Canned", "Chili"}})
-        rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", "beans"}, {"ItemStyle", style}, {"ItemSource", source}});
-    for (const auto& [guest, recipe] : QList<QPair<QString, QString>>{{"Ann", "Chili"}, {"Bob", "Chili"}, {"Cy", "Chili Dog"}})
+    for (const auto& [style, source] : QList<QPair<QString, QString>>{
+             {"Chili", "from chili and CHILI night"}, {"For Chili", ""}, {"Canned", "Chili"}})
+        rows::Add("ShopList",
+                  {{"Name", "Weekly"}, {"ItemName", "beans"}, {"ItemStyle", style}, {"ItemSource", source}});
+    for (const auto& [guest, recipe] :
+         QList<QPair<QString, QString>>{{"Ann", "Chili"}, {"Bob", "Chili"}, {"Cy", "Chili Dog"}})
         rows::Add("GuestServed", {{"GuestName", guest}, {"RecipeName", recipe}});
     for (const char* title : {"Stew", "Chili", "Chili"}) RecipeComparisons::Instance().Add(title);
 

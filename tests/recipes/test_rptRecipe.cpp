@@ -15,9 +15,12 @@ protected:
     void SetUp() override {
         LarderTest::SetUp();
         rows::Recipe("Chili", "Soups,Quick", "General",
-                     {{"Course", "Main Course"}, {"PrepTime", "45 mins."}, {"Servings", "6 Servings"},
+                     {{"Course", "Main Course"},
+                      {"PrepTime", "45 mins."},
+                      {"Servings", "6 Servings"},
                       {"Instructions", "Brown the meat.~Simmer <slowly> & stir."},
-                      {"Ingredient1", "      2%%cup%%kidney beans%%drained"}, {"Ingredient2", "      1%%lb%%ground beef"},
+                      {"Ingredient1", "      2%%cup%%kidney beans%%drained"},
+                      {"Ingredient2", "      1%%lb%%ground beef"},
                       {"ingredient19", "      1%%tsp%%hidden extra"}});
     }
     void TearDown() override {
@@ -49,11 +52,13 @@ TEST_F(RecipeReportTest, TempFileCarriesTitleDetailsIngredientsAndMethodAsHtmlOr
     // Slot 19 is never printed; no picture of its own, and none is asked for.
     for (const char* part : {"%%", "hidden extra", "<img"}) EXPECT_FALSE(html.contains(part)) << part;
     // What was printed is not written back.
-    EXPECT_EQ(rows::Field("Recipie", "Title", "Chili", "Ingredient1").toString(), "      2%%cup%%kidney beans%%drained");
+    EXPECT_EQ(rows::Field("Recipie", "Title", "Chili", "Ingredient1").toString(),
+              "      2%%cup%%kidney beans%%drained");
 
     const QString text = Take(r.CreateTempFile("Chili", "txt"));
     EXPECT_TRUE(text.startsWith("Chili\r\n=====")) << text.left(40).toStdString();
-    for (const char* part : {"Course: Main Course", "2 cup kidney beans drained", "Brown the meat.\r\nSimmer <slowly> & stir."})
+    for (const char* part :
+         {"Course: Main Course", "2 cup kidney beans drained", "Brown the meat.\r\nSimmer <slowly> & stir."})
         EXPECT_TRUE(text.contains(part)) << part;
     EXPECT_FALSE(text.contains("<h1>"));
     EXPECT_EQ(ui.count(), 0);

@@ -47,7 +47,8 @@ TEST_F(IsleMapTest, APairKeepsOneOrderAcrossAllStores) {
     map.IsleOrder(2);
     ui.answer(Answer::OK);
     EXPECT_FALSE(map.WriteNew());
-    EXPECT_EQ(LastBox(), "Notice: The Isle Isle 1 already exists with the Isle Order of 4 so, this Isle will not be saved.");
+    EXPECT_EQ(LastBox(),
+              "Notice: The Isle Isle 1 already exists with the Isle Order of 4 so, this Isle will not be saved.");
     EXPECT_EQ(map.FoundOrder(), 4);
     EXPECT_EQ(rows::Count("SELECT * FROM IsleMap WHERE [Store] = 'Aldi'"), 0);
 

@@ -119,7 +119,8 @@ TEST_F(StoreTest, ExportWritesBareLinesAsksBeforeOverwritingAndOffersMail) {
 
     ui.answer(Answer::No);  // keep the old file
     store.ExportStoreFile("Aldi");
-    EXPECT_EQ(LastBox(), "Over-write: " + QDir::toNativeSeparators(path) + " has already been exported, Over-write file?");
+    EXPECT_EQ(LastBox(),
+              "Over-write: " + QDir::toNativeSeparators(path) + " has already been exported, Over-write file?");
 
     ui.answer(Answer::Yes);
     ui.answer(Answer::Yes);
@@ -132,12 +133,14 @@ TEST_F(StoreTest, ExportWritesBareLinesAsksBeforeOverwritingAndOffersMail) {
 TEST_F(StoreTest, ImportAddsStoresCategoriesAndMappingsAtOrderZero) {
     const int categories = rows::Count("SELECT * FROM ItemCategory");
     Map("Other", "Bakery", "Isle 9", 4);  // the pair already walks at 4 elsewhere
-    const QString path = WriteFile("map.gil", "New Mart,Dairy,Isle 1\r\n  New Mart , Tinned Fish,Isle 2\r\n\r\n"
-                                              "New Mart,Bakery,Isle 9\r\nNew Mart,Dairy,Isle 1\r\n");
+    const QString path = WriteFile("map.gil",
+                                   "New Mart,Dairy,Isle 1\r\n  New Mart , Tinned Fish,Isle 2\r\n\r\n"
+                                   "New Mart,Bakery,Isle 9\r\nNew Mart,Dairy,Isle 1\r\n");
     clsStore store;
     ui.answer(Answer::OK);
     store.ImportStoreFile(path);
-    EXPECT_EQ(ui.lastBox().prompt, "The Isle Isle 9 already exists with the Isle Order of 4 so, this Isle will not be saved.");
+    EXPECT_EQ(ui.lastBox().prompt,
+              "The Isle Isle 9 already exists with the Isle Order of 4 so, this Isle will not be saved.");
     EXPECT_EQ(rows::Column("SELECT * FROM Store", "Name"), QStringList({"New Mart"}));
     EXPECT_EQ(rows::Column("SELECT * FROM Store", "isles"), QStringList({"1"}));
     EXPECT_EQ(rows::Count("SELECT * FROM ItemCategory"), categories + 1);
@@ -180,7 +183,8 @@ TEST_F(StoreTest, BrokenMapFilesAreRefusedWholeAndEmptyOnesImportNothing) {
     for (const QString& path : bad) {
         ui.answer(Answer::OK);
         store.ImportStoreFile(path);
-        EXPECT_EQ(LastBox(), "File Problem: There Appears to be a problem with this Store Map file.") << path.toStdString();
+        EXPECT_EQ(LastBox(), "File Problem: There Appears to be a problem with this Store Map file.")
+            << path.toStdString();
         EXPECT_EQ(ui.lastBox().buttons, Box::Critical);
     }
     store.ImportStoreFile(WriteFile("empty.gil", ""));

@@ -11,23 +11,23 @@
 // (attachments, calendar files) land in the test's home.
 class MailCaptureTest : public LarderTest {
 protected:
-  void SetUp() override {
-    LarderTest::SetUp();
-    oldTmp_ = qgetenv("TMPDIR");
-    qputenv("TMPDIR", QFile::encodeName(Home()));
-    clsCommunications::SetLinkOpener([this](const QString &link) {
-      links << link;
-      return true;
-    });
-  }
-  void TearDown() override {
-    clsCommunications::SetLinkOpener({});
-    qputenv("TMPDIR", oldTmp_);
-    LarderTest::TearDown();
-  }
+    void SetUp() override {
+        LarderTest::SetUp();
+        oldTmp_ = qgetenv("TMPDIR");
+        qputenv("TMPDIR", QFile::encodeName(Home()));
+        clsCommunications::SetLinkOpener([this](const QString& link) {
+            links << link;
+            return true;
+        });
+    }
+    void TearDown() override {
+        clsCommunications::SetLinkOpener({});
+        qputenv("TMPDIR", oldTmp_);
+        LarderTest::TearDown();
+    }
 
-  QStringList links;
+    QStringList links;
 
 private:
-  QByteArray oldTmp_;
+    QByteArray oldTmp_;
 };

@@ -25,16 +25,16 @@ inline qint32 Add(const QString& table, const QVariantMap& values) {
 // A recipe as the entry screen leaves it: every text column filled, not a favourite.
 inline qint32 Recipe(const QString& title, const QString& style = "General", const QString& cookbook = "General",
                      QVariantMap more = {}) {
-    QVariantMap row{{"Title", title}, {"Style", style},  {"CookbookName", cookbook}, {"Course", ""},
-                    {"PrepTime", ""}, {"Servings", ""}, {"Favorite", false},         {"ImageFile", ""}};
+    QVariantMap row{{"Title", title}, {"Style", style}, {"CookbookName", cookbook}, {"Course", ""},
+                    {"PrepTime", ""}, {"Servings", ""}, {"Favorite", false},        {"ImageFile", ""}};
     row.insert(more);
     return Add("Recipie", row);
 }
 
 // A dinner with every course column empty but those given.
 inline qint32 Meal(const QString& name, QVariantMap more = {}) {
-    QVariantMap row{{"Name", name},        {"Meal", "Dinner"},    {"Dates", ""},         {"Appetizer", ""},
-                    {"MainCourse", ""},    {"Desert", ""},        {"SideDishOne", ""},   {"SideDishTwo", ""},
+    QVariantMap row{{"Name", name},        {"Meal", "Dinner"},  {"Dates", ""},       {"Appetizer", ""},
+                    {"MainCourse", ""},    {"Desert", ""},      {"SideDishOne", ""}, {"SideDishTwo", ""},
                     {"SideDishThree", ""}, {"SideDishfour", ""}};
     row.insert(more);
     return Add("Meal", row);
@@ -42,7 +42,8 @@ inline qint32 Meal(const QString& name, QVariantMap more = {}) {
 
 // A message or reminder (type 1) and when it next reminds.
 inline qint32 Message(const QString& title, const QString& body, const QString& date, int type, int reminderTime) {
-    return Add("Messages", {{"Title", title}, {"Body", body}, {"Date", date}, {"Type", type}, {"ReminderTime", reminderTime}});
+    return Add("Messages",
+               {{"Title", title}, {"Body", body}, {"Date", date}, {"Type", type}, {"ReminderTime", reminderTime}});
 }
 
 // A value written into a query of the checks' own.

@@ -1,7 +1,7 @@
 #include "support/TestEnv.h"
 
-#include "core/MainPanes.h"
 #include "core/Globals.h"
+#include "core/MainPanes.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/FirstStart.h"
@@ -42,8 +42,8 @@ void LarderTest::SetUp() {
     // The panes outlive a test like the program's own objects; each test starts bare.
     MainPanes::Instance().ClearAll();
     ui.onUnexpected = [](const ScriptedUi::Interaction& box) {
-        ADD_FAILURE() << "Unexpected " << box.kind.toStdString() << ": \"" << box.prompt.toStdString()
-                      << "\" titled \"" << box.title.toStdString() << "\"";
+        ADD_FAILURE() << "Unexpected " << box.kind.toStdString() << ": \"" << box.prompt.toStdString() << "\" titled \""
+                      << box.title.toStdString() << "\"";
     };
     SetUi(&ui);
 
