@@ -208,18 +208,19 @@ bool Grouped(const QString& sql) {
         const QStringView word = text.mid(i, j - i);
         i = j;
         if (depth > 0) continue;
-        auto is = [](QStringView w, const char* name) {
-            return w.compare(QLatin1StringView(name), Qt::CaseInsensitive) == 0;
+        auto is = [](QStringView w, QLatin1StringView name) {
+            return w.size() == name.size() && w.compare(name, Qt::CaseInsensitive) == 0;
         };
-        if (is(word, "having") || (is(word, "by") && is(previous, "group")) ||
-            (is(word, "distinct") && is(previous, "select")))
+        if (is(word, QLatin1StringView("having")) ||
+            (is(word, QLatin1StringView("by")) && is(previous, QLatin1StringView("group"))) ||
+            (is(word, QLatin1StringView("distinct")) && is(previous, QLatin1StringView("select"))))
             return true;
-        for (const QLatin1StringView aggregate : kAggregates) {
-            if (word.compare(aggregate, Qt::CaseInsensitive) != 0) continue;
-            while (j < n && text[j].isSpace()) ++j;
-            if (j < n && text[j] == QLatin1Char('(')) return true;
-        }
         previous = word;
+        // Only a call can aggregate: the name must be followed by its arguments.
+        while (j < n && text[j].isSpace()) ++j;
+        if (j == n || text[j] != QLatin1Char('(')) continue;
+        for (const QLatin1StringView aggregate : kAggregates)
+            if (is(word, aggregate)) return true;
     }
     return false;
 }
