@@ -125,7 +125,7 @@ void Database::Open(const QString& path) {
     db_ = db.release();
     path_ = fi.absoluteFilePath();
     if (connectionString_.isEmpty())
-        connectionString_ = QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source =") + path;
+        connectionString_ = kConnectionText + path;
     sqlite3_set_authorizer(db_, &Database::Authorize, this);
 }
 
