@@ -6,6 +6,7 @@
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
+#include "core/Progress.h"
 #include "core/Values.h"
 #include "core/modVerify.h"
 #include "platform/Clock.h"
@@ -102,8 +103,12 @@ qint32 clsMessages::PurgeExpired() {
             MsgBox(QStringLiteral("There are ") + QString::number(count) + QStringLiteral(" messages, Are you sure?"),
                    Box::YesNo + Box::Question, QStringLiteral("Delete Messages"));
         if (Response == Answer::Yes) {
+            // Each row goes as it is passed, so there is no Cancel halfway.
+            Progress progress(QStringLiteral("Removing expired messages ..."), count, false);
+            int done = 0;
             rs.MoveFirst();
             while (!rs.IsEOF()) {
+                progress.Step(done++);
                 // Rows whose date is a word or blank sort before any date as
                 // well; only real dates have expired.
                 if (IsDate(rs.Field(QStringLiteral("Date")))) {

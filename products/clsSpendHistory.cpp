@@ -3,6 +3,7 @@
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
+#include "core/Progress.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
@@ -57,8 +58,15 @@ void clsSpendHistory::PurgeExpired(int mode, qint32 itemID, bool& result) {
             MsgBox(QStringLiteral("That Product has a Cost History, are you certain that you wish to delete it?"),
                    Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Delete Product")) == Answer::No)
             return;
+        // One batch: a cancelled purge keeps every row.
+        Progress progress(QStringLiteral("Removing old cost history ..."), r.RecordCount(), true);
         WriteBatch batch(ConnectionMain());
+        int done = 0;
         while (!r.IsEOF()) {
+            if (!progress.Step(done++)) {
+                batch.Cancel();
+                return;
+            }
             r.Delete();
             r.MoveNext();
         }
