@@ -10,6 +10,7 @@
 #include "platform/Ui.h"
 #include "products/clsManufacturer.h"
 #include "products/clsProduct.h"
+#include "products/frmItemPriceHistory.h"
 #include "products/frmProductListing.h"
 #include "products/frmProductNew.h"
 
@@ -69,6 +70,8 @@ void mnuPOPShowProducts_Click() {
     if (!name.isEmpty()) ShowModal(new frmProductListing(name, MainWindow()));
 }
 
+void mnuProductSpendingHistory_Click() { ShowModal(new frmItemPriceHistory(MainWindow())); }
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuEnterProduct"), mnuEnterProduct_Click);
     commands.Add(QStringLiteral("mnuViewAllProducts"), mnuViewAllProducts_Click);
@@ -79,6 +82,7 @@ void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuRenameManufacturer"), mnuRenameManufacturer_Click);
     commands.Add(QStringLiteral("mnuDeleteManufacturer"), mnuDeleteManufacturer_Click);
     commands.Add(QStringLiteral("mnuPOPShowProducts"), mnuPOPShowProducts_Click);
+    commands.Add(QStringLiteral("mnuProductSpendingHistory"), mnuProductSpendingHistory_Click);
 }
 
 }  // namespace ProductCommands

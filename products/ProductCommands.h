@@ -14,4 +14,6 @@ void mnuPrintProductList_Click();
 void mnuRenameManufacturer_Click();
 void mnuDeleteManufacturer_Click();
 void mnuPOPShowProducts_Click();
+// The person picks the product on the history screen itself.
+void mnuProductSpendingHistory_Click();
 }  // namespace ProductCommands
