@@ -78,6 +78,7 @@ frmProductDetail::frmProductDetail(qint32 productID, QWidget* parent) : QDialog(
     lvPriceHistory->setRootIsDecorated(false);
     lvPriceHistory->setHeaderLabels(
         {QStringLiteral("Date"), QStringLiteral("Store"), QStringLiteral("List"), QStringLiteral("Cost")});
+    lvPriceHistory->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
 
     cmdSave = new QPushButton(QStringLiteral("Save"), this);
     cmdSave->setObjectName(QStringLiteral("cmdSave"));
@@ -116,17 +117,19 @@ void frmProductDetail::Form_Load() {
     cboManufacturer->setCurrentText(TextOf(r.Field(QStringLiteral("Manufacturer"))));
     cboCategory->setCurrentText(TextOf(r.Field(QStringLiteral("Category"))));
     txtSize->setText(TextOf(r.Field(QStringLiteral("Size"))));
+    // A product whose price was never given shows an empty box, not a price of nothing.
     const QVariant cost = r.Field(QStringLiteral("Cost"));
-    txtCost->setText(Format(IsNull(cost) ? QVariant(0) : cost, QStringLiteral("$#,##0.00")));
+    txtCost->setText(IsNull(cost) ? QString() : Format(cost, QStringLiteral("$#,##0.00")));
     const QVariant watch = r.Field(QStringLiteral("lookout"));
     chkLookout->setChecked(!IsNull(watch) && CBool(watch));
     txtBarcode->setText(TextOf(r.Field(QStringLiteral("Barcode"))));
 
     const QVariant last = r.Field(QStringLiteral("LastPurchasedDate"));
+    const QVariant timesPurchased = r.Field(QStringLiteral("TimesPurchased"));
+    const qint32 times = IsNull(timesPurchased) ? 0 : CLng(timesPurchased);
     if (!IsNull(last) && CDate(last) > CDate(QStringLiteral("1/1/50")))
         lblInventory->setText(QStringLiteral("On hand since ") + Format(last, Registry().DateDisplayFormat()) +
-                              QStringLiteral(", bought ") + TextOf(r.Field(QStringLiteral("TimesPurchased"))) +
-                              QStringLiteral(" times"));
+                              QStringLiteral(", bought ") + QString::number(times) + QStringLiteral(" times"));
     else
         lblInventory->setText(QStringLiteral("Not in inventory"));
 
@@ -137,10 +140,12 @@ void frmProductDetail::Form_Load() {
                  ConnectionMain(), adOpenKeyset, adLockReadOnly);
     for (; !history.IsEOF(); history.MoveNext()) {
         const QVariant paid = history.Field(QStringLiteral("ItemListCost"));
-        lvPriceHistory->addTopLevelItem(new QTreeWidgetItem(QStringList{
+        auto* line = new QTreeWidgetItem(QStringList{
             Format(history.Field(QStringLiteral("ItemListDate")), Registry().DateDisplayFormat()),
             TextOf(history.Field(QStringLiteral("ItemStore"))), TextOf(history.Field(QStringLiteral("ItemListName"))),
-            Format(IsNull(paid) ? QVariant(0) : paid, QStringLiteral("$#,##0.00"))}));
+            Format(IsNull(paid) ? QVariant(0) : paid, QStringLiteral("$#,##0.00"))});
+        line->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+        lvPriceHistory->addTopLevelItem(line);
     }
     for (int c = 0; c < lvPriceHistory->columnCount(); ++c) lvPriceHistory->resizeColumnToContents(c);
 }
@@ -151,7 +156,10 @@ bool frmProductDetail::cmdSave_Click() {
         MsgBox(QStringLiteral("Please enter the name of the Product."), Box::OKOnly, QStringLiteral("Notice"));
         return false;
     }
-    const std::optional<Currency> cost = clsProduct::TypedCost(txtCost->text());
+    // An empty box leaves the stored cost as it is, so that saving other
+    // corrections never invents a price.
+    const bool costGiven = !txtCost->text().trimmed().isEmpty();
+    const std::optional<Currency> cost = costGiven ? clsProduct::TypedCost(txtCost->text()) : Currency();
     if (!cost) return false;
     QString manufacturer = cboManufacturer->currentText().trimmed();
     if (manufacturer.isEmpty()) manufacturer = QStringLiteral("Any");
@@ -164,7 +172,7 @@ bool frmProductDetail::cmdSave_Click() {
     r.setField(QStringLiteral("Manufacturer"), manufacturer);
     r.setField(QStringLiteral("Category"), category);
     r.setField(QStringLiteral("Size"), txtSize->text().trimmed());
-    r.setField(QStringLiteral("Cost"), QVariant::fromValue(*cost));
+    if (costGiven) r.setField(QStringLiteral("Cost"), QVariant::fromValue(*cost));
     r.setField(QStringLiteral("lookout"), chkLookout->isChecked());
     r.setField(QStringLiteral("Barcode"),
                txtBarcode->text().trimmed().isEmpty() ? QStringLiteral("0") : txtBarcode->text().trimmed());

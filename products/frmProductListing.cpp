@@ -7,9 +7,11 @@
 #include "platform/Ui.h"
 #include "products/ProductEvents.h"
 #include "products/clsProduct.h"
+#include "products/frmItemPriceHistory.h"
 #include "products/frmProductDetail.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -24,6 +26,9 @@
 namespace {
 
 constexpr int kIdRole = Qt::UserRole + 1;
+
+// Name, manufacturer, size, category, watch, in percent of the list's width.
+const QList<int> kColumnShares = {36, 22, 14, 18, 10};
 
 }  // namespace
 
@@ -59,6 +64,10 @@ frmProductListing::frmProductListing(const QString& manufacturer, QWidget* paren
     lvProducts->setHeaderLabels({QStringLiteral("Product Name"), QStringLiteral("Manufacturer"), QStringLiteral("Size"),
                                  QStringLiteral("Category"), QStringLiteral("Watch")});
     lvProducts->header()->setSectionsClickable(true);
+    lvProducts->header()->setStretchLastSection(false);
+    lvProducts->header()->setSectionResizeMode(QHeaderView::Interactive);
+    lvProducts->setTextElideMode(Qt::ElideRight);
+    lvProducts->viewport()->installEventFilter(this);
     lvProducts->header()->setSortIndicatorShown(true);
     lvProducts->setContextMenuPolicy(Qt::CustomContextMenu);
 
@@ -69,7 +78,7 @@ frmProductListing::frmProductListing(const QString& manufacturer, QWidget* paren
         a->setEnabled(enabled);
         return a;
     };
-    // Coupons, lists and price history have their own screens, not here yet.
+    // Coupons and lists have their own screens, not here yet.
     add(QStringLiteral("mnuAddCoupon"), QStringLiteral("Add Coupon"), false);
     connect(add(QStringLiteral("mnuAddItemToInventory"), QStringLiteral("Add Item to Inventory"), true),
             &QAction::triggered, this, &frmProductListing::mnuAddItemToInventory_Click);
@@ -79,7 +88,8 @@ frmProductListing::frmProductListing(const QString& manufacturer, QWidget* paren
             &frmProductListing::mnuEditItem_Click);
     connect(add(QStringLiteral("mnuDeleteItem"), QStringLiteral("Delete Item"), true), &QAction::triggered, this,
             &frmProductListing::mnuDeleteItem_Click);
-    add(QStringLiteral("mnuItemPriceHistory"), QStringLiteral("Price History"), false);
+    connect(add(QStringLiteral("mnuItemPriceHistory"), QStringLiteral("Price History"), true), &QAction::triggered,
+            this, &frmProductListing::mnuItemPriceHistory_Click);
 
     cmdClose = new QPushButton(QStringLiteral("Close"), this);
     cmdClose->setObjectName(QStringLiteral("cmdClose"));
@@ -141,10 +151,28 @@ void frmProductListing::Fill(const QString& sql) {
              TextOf(r.Field(QStringLiteral("Size"))), TextOf(r.Field(QStringLiteral("Category"))),
              !IsNull(watch) && CBool(watch) ? QStringLiteral("Yes") : QStringLiteral("No")});
         item->setData(0, kIdRole, CLng(r.Field(QStringLiteral("ID"))));
+        // A name too long for its column is cut short; its tip shows it whole.
+        item->setToolTip(0, item->text(0));
         items << item;
     }
     lvProducts->addTopLevelItems(items);
-    for (int c = 0; c < lvProducts->columnCount(); ++c) lvProducts->resizeColumnToContents(c);
+    FitColumns();
+}
+
+void frmProductListing::FitColumns() {
+    const int width = lvProducts->viewport()->width();
+    int used = 0;
+    for (int c = 0; c < kColumnShares.size(); ++c) {
+        // The last column takes what rounding left over.
+        const int w = c + 1 < kColumnShares.size() ? width * kColumnShares[c] / 100 : width - used;
+        lvProducts->setColumnWidth(c, w);
+        used += w;
+    }
+}
+
+bool frmProductListing::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lvProducts->viewport() && event->type() == QEvent::Resize) FitColumns();
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmProductListing::lvProducts_ColumnClick(int column) {
@@ -174,4 +202,12 @@ void frmProductListing::mnuEditItem_Click() {
     // A saved product raises its event, which refills this list.
     auto detail = std::make_unique<frmProductDetail>(item->data(0, kIdRole).toInt(), this);
     TheUi().ShowModal(detail.get());
+}
+
+void frmProductListing::mnuItemPriceHistory_Click() {
+    const QTreeWidgetItem* item = lvProducts->currentItem();
+    if (!item) return;
+    // The reason is shown when there is nothing to draw; the screen opens only with a history.
+    frmItemPriceHistory history(this);
+    if (history.DisplayProduct(item->text(0), item->text(1))) TheUi().ShowModal(&history);
 }

@@ -37,9 +37,15 @@ public Q_SLOTS:
     void mnuAddItemToInventory_Click();
     void mnuDeleteItem_Click();
     void mnuEditItem_Click();
+    void mnuItemPriceHistory_Click();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Fill(const QString& sql);
+    // Gives each column its share of the list's width, whatever the names.
+    void FitColumns();
 
     QString manufacturer_;
     QString query_;

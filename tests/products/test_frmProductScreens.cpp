@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -173,4 +174,48 @@ TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
     frmProductDetail gone(9999);
     EXPECT_FALSE(gone.Found());
     EXPECT_FALSE(gone.cmdSave->isEnabled());
+}
+
+TEST_F(ProductScreensTest, ALongNameIsCutShortAndTheOtherColumnsStayInView) {
+    const QString longName = "Organic " + QString(192, 'x');
+    rows::Add("Product", {{"Name", longName}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"Category", "Cereal"}});
+    frmProductListing listing;
+    listing.resize(700, 400);
+    listing.show();
+    QCoreApplication::processEvents();
+
+    QTreeWidget* view = listing.lvProducts;
+    const int visible = view->viewport()->width();
+    int total = 0;
+    for (int c = 0; c < view->columnCount(); ++c) {
+        EXPECT_GT(view->columnWidth(c), 30) << c;
+        total += view->columnWidth(c);
+    }
+    EXPECT_LE(total, visible);
+    EXPECT_LT(view->columnWidth(0), visible / 2);
+    EXPECT_EQ(view->topLevelItem(0)->toolTip(0), longName);
+}
+
+TEST_F(ProductScreensTest, TheDetailLeavesWhatWasNeverGivenEmpty) {
+    const qint32 id =
+        rows::Add("Product",
+                  {{"Name", "Oats"}, {"Manufacturer", "Quaker"}, {"Size", "tin"}, {"LastPurchasedDate", "11/20/2026"}});
+    frmProductDetail detail(id);
+    EXPECT_EQ(detail.lblInventory->text(), "On hand since 11/20/2026, bought 0 times");
+    EXPECT_EQ(detail.txtCost->text(), "");
+
+    detail.txtSize->setText("sack");
+    EXPECT_TRUE(detail.cmdSave_Click());
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost") + rows::Column("SELECT * FROM Product", "Size"),
+              QStringList({"<null>", "sack"}));
+
+    // A cost on file stays when its box is emptied, and a typed one is written.
+    rows::Set("SELECT * FROM Product", "Cost", "2.5");
+    detail.Form_Load();
+    detail.txtCost->setText(" ");
+    EXPECT_TRUE(detail.cmdSave_Click());
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"2.5"}));
+    detail.txtCost->setText("$3.25");
+    EXPECT_TRUE(detail.cmdSave_Click());
+    EXPECT_EQ(rows::Column("SELECT * FROM Product", "Cost"), QStringList({"3.25"}));
 }
