@@ -18,8 +18,6 @@ void clsHistory::AddItems(const QString& categories) {
     Trapped(QStringLiteral("History.AddItems"), [&] {
         for (const QString& part : Split(categories, QStringLiteral(","))) {
             const QString name = part.trimmed();
-            // "Soup," leaves an empty name behind, which is no category.
-            if (name.isEmpty()) continue;
             OpenDB(QStringLiteral("SELECT * FROM History WHERE [Category] = ") + SqlText(name), adOpenKeyset,
                    adLockOptimistic);
             if (!rs.IsEOF()) {

