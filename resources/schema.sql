@@ -349,7 +349,7 @@ CREATE INDEX "idx_Meal_Dates"                    ON "Meal" ("Dates");
 CREATE INDEX "idx_MealCategory_Category"         ON "MealCategory" ("Category");
 CREATE INDEX "idx_MealItems_MealItemListName"    ON "MealItems" ("MealItemListName");
 CREATE INDEX "idx_GuestServed_GuestName"         ON "GuestServed" ("GuestName");
-CREATE INDEX "idx_ShopList_Name"                 ON "ShopList" ("Name");
+CREATE INDEX "idx_ShopList_Name"                 ON "ShopList" ("Name", "ItemName", "IsCurrent");
 CREATE INDEX "idx_ShopList_IsCurrent"            ON "ShopList" ("IsCurrent");
 CREATE INDEX "idx_ShopList_ItemName"             ON "ShopList" ("ItemName");
 CREATE INDEX "idx_Store_Name"                    ON "Store" ("Name");
