@@ -86,7 +86,7 @@ TEST_F(MealTest, AuditWithPurgeDeletesPastMealsButNeverUndatedOnesAndSaysHowMany
     EXPECT_EQ(Audit(), "3 Meal(s) were deleted by the Auto-Purge process.");
     EXPECT_EQ(ui.lastBox().title, "Meal Auto-Purge");
     EXPECT_EQ(Ids(), Ids({undated, today, later}));
-    EXPECT_EQ(Audit(), "");  // nothing past: no message
+    EXPECT_EQ(Audit(), "");         // nothing past: no message
     EXPECT_EQ(reloads.count(), 0);  // the window is loading when it audits
 }
 
@@ -150,8 +150,9 @@ TEST_F(MealTest, PurgeCommandRefusesWhileAMealIsEditedAndAsksWhenMealsAdvance) {
     Registry().MealAction(2);
     ui.answer(Answer::No);
     MealCommands::mnuPurgeExpiredMeals_Click();
-    EXPECT_EQ(LastBox(), "Purge: You have setup Larderkeep to automatically advance expired Meals dates by 7 days. Do "
-                         "you still wish to purge expired Meals?");
+    EXPECT_EQ(LastBox(),
+              "Purge: You have setup Larderkeep to automatically advance expired Meals dates by 7 days. Do "
+              "you still wish to purge expired Meals?");
     EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 3);
     EXPECT_EQ(reloads.count(), 0);
 

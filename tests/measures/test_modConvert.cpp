@@ -112,8 +112,8 @@ TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
 TEST_F(ConvertTest, WeekKeysCountSundayWeeksFromTheOneHoldingJanuaryFirst) {
     const QList<QPair<QDate, qint32>> cases = {
         {QDate(2026, 11, 22), 202648}, {QDate(2026, 11, 21), 202647},  // Sunday starts a week
-        {QDate(2022, 12, 31), 202253}, {QDate(2023, 1, 1), 202301},    {QDate(2023, 1, 8), 202302},
-        {QDate(2026, 12, 31), 202653}, {QDate(2027, 1, 1), 202701},    {QDate(2027, 1, 2), 202701},
+        {QDate(2022, 12, 31), 202253}, {QDate(2023, 1, 1), 202301},   {QDate(2023, 1, 8), 202302},
+        {QDate(2026, 12, 31), 202653}, {QDate(2027, 1, 1), 202701},   {QDate(2027, 1, 2), 202701},
         {QDate(2027, 1, 3), 202702},   {QDate(2000, 12, 31), 200054},  // a leap year that began on a Saturday
     };
     for (const auto& [day, key] : cases) EXPECT_EQ(YearWeek(day), key) << day.toString().toStdString();
