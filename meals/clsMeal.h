@@ -11,6 +11,9 @@ class QStandardItem;
 // The gateway to the Meal table. A meal has no header row: it is the set of rows
 // sharing one Name, one row per mealtime. Both sides of every property work on
 // the object's members only; a member reaches a row only when the caller copies it.
+// An operation that changed rows asks the main window once to read the meals
+// again; AddNew does not, as its callers add rows one by one and show them
+// themselves.
 class clsMeal : public RecordsetClass {
 public:
     clsMeal() = default;
