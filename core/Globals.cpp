@@ -9,6 +9,13 @@ bool FormClosing = false;
 QString LastReportFile;
 qint32 FoundCouponID = 0;
 
+namespace {
+bool mealBeingEdited = false;
+}
+
+bool MealBeingEdited() { return mealBeingEdited; }
+void SetMealBeingEdited(bool editing) { mealBeingEdited = editing; }
+
 clsRegistry& Registry() {
     static clsRegistry registry;
     return registry;

@@ -4,6 +4,7 @@
 #include "core/Globals.h"
 #include "core/Values.h"
 #include "core/modVerify.h"
+#include "platform/Clock.h"
 #include "platform/Recordset.h"
 
 #include <cmath>
@@ -66,4 +67,26 @@ QString ConvertUnit(const QString& from, const QString& quantity, const QString&
         result = CStr(CDbl(rs.Field(QStringLiteral("conversionconstant"))) * number);
     });
     return result;
+}
+
+qint32 YearWeek(const QDate& date) {
+    QString text = Format(QVariant(date), QStringLiteral("yyyy ww"));
+    // A one-digit week gets its leading zero, so keys sort as weeks do.
+    if (text.size() < 7)
+        text.replace(QLatin1Char(' '), QLatin1Char('0'));
+    else
+        text.remove(QLatin1Char(' '));
+    return text.toInt();
+}
+
+QDate WeekStart(qint32 key) {
+    // The latest week the calendar screen offers begins a year from today;
+    // a week more covers it, and a key never met ends the search there.
+    constexpr int kSearchDays = 371;
+    const QDate today = Clock::Today();
+    for (int days = 0; days <= kSearchDays; ++days) {
+        const QDate day = today.addDays(days);
+        if (YearWeek(day) == key) return day;
+    }
+    return QDate();
 }

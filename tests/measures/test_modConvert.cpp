@@ -107,3 +107,23 @@ TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
     EXPECT_EQ(ui.prompts(), QStringList({"Error: Subscript out of range (Occurred in Convert.FractionToDecimal)"}));
     ui.clear();
 }
+
+// Today is pinned to Sunday 11/22/2026.
+TEST_F(ConvertTest, WeekKeysCountSundayWeeksFromTheOneHoldingJanuaryFirst) {
+    const QList<QPair<QDate, qint32>> cases = {
+        {QDate(2026, 11, 22), 202648}, {QDate(2026, 11, 21), 202647},  // Sunday starts a week
+        {QDate(2022, 12, 31), 202253}, {QDate(2023, 1, 1), 202301},   {QDate(2023, 1, 8), 202302},
+        {QDate(2026, 12, 31), 202653}, {QDate(2027, 1, 1), 202701},   {QDate(2027, 1, 2), 202701},
+        {QDate(2027, 1, 3), 202702},   {QDate(2000, 12, 31), 200054},  // a leap year that began on a Saturday
+    };
+    for (const auto& [day, key] : cases) EXPECT_EQ(YearWeek(day), key) << day.toString().toStdString();
+
+    EXPECT_EQ(WeekStart(202648), QDate(2026, 11, 22));  // this week: today itself
+    EXPECT_EQ(WeekStart(202649), QDate(2026, 11, 29));
+    EXPECT_EQ(WeekStart(202653), QDate(2026, 12, 27));
+    EXPECT_EQ(WeekStart(202701), QDate(2027, 1, 1));  // the year's first week begins on its first day
+    EXPECT_EQ(WeekStart(YearWeek(QDate(2027, 11, 22))), QDate(2027, 11, 21));  // a year ahead
+    // Past weeks and no week at all are never met going forward.
+    EXPECT_FALSE(WeekStart(202647).isValid());
+    EXPECT_FALSE(WeekStart(0).isValid());
+}
