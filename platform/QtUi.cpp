@@ -100,8 +100,9 @@ QString QtUi::OpenFileName(const QString& title, const QString& dir, const QStri
     return QFileDialog::getOpenFileName(ActiveParent(), title, dir, filter);
 }
 
-QString QtUi::SaveFileName(const QString& title, const QString& dir, const QString& filter) {
-    return QFileDialog::getSaveFileName(ActiveParent(), title, dir, filter);
+QString QtUi::SaveFileName(const QString& title, const QString& dir, const QString& filter, bool confirmOverwrite) {
+    return QFileDialog::getSaveFileName(ActiveParent(), title, dir, filter, nullptr,
+                                        confirmOverwrite ? QFileDialog::Options() : QFileDialog::DontConfirmOverwrite);
 }
 
 QString QtUi::FolderName(const QString& title, const QString& dir) {

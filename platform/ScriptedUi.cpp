@@ -62,7 +62,7 @@ QString ScriptedUi::OpenFileName(const QString& title, const QString&, const QSt
     return files_.dequeue();
 }
 
-QString ScriptedUi::SaveFileName(const QString& title, const QString&, const QString&) {
+QString ScriptedUi::SaveFileName(const QString& title, const QString&, const QString&, bool) {
     const Interaction box{QStringLiteral("SaveFile"), QString(), title};
     boxes_ << box;
     if (files_.isEmpty()) {

@@ -40,7 +40,10 @@ public:
     virtual QString InputBox(const QString& prompt, const QString& title = QString(),
                              const QString& def = QString()) = 0;
     virtual QString OpenFileName(const QString& title, const QString& dir, const QString& filter) = 0;
-    virtual QString SaveFileName(const QString& title, const QString& dir, const QString& filter) = 0;
+    // A caller that asks its own over-write question passes false, so the
+    // person is not asked twice.
+    virtual QString SaveFileName(const QString& title, const QString& dir, const QString& filter,
+                                 bool confirmOverwrite = true) = 0;
     virtual QString FolderName(const QString& title, const QString& dir) = 0;
     virtual int ShowModal(QDialog* dialog) = 0;
     virtual void ShowModeless(QWidget* window, QWidget* owner) = 0;

@@ -11,8 +11,10 @@
 #include "products/clsManufacturer.h"
 #include "products/clsProduct.h"
 #include "products/frmItemPriceHistory.h"
+#include "products/frmProductCostHistory.h"
 #include "products/frmProductListing.h"
 #include "products/frmProductNew.h"
+#include "products/frmProductSpending.h"
 
 #include <QStandardItem>
 #include <memory>
@@ -72,6 +74,10 @@ void mnuPOPShowProducts_Click() {
 
 void mnuProductSpendingHistory_Click() { ShowModal(new frmItemPriceHistory(MainWindow())); }
 
+void mnuProductCostHistory_Click() { ShowModal(new frmProductCostHistory(MainWindow())); }
+
+void mnuProductSpendingReport_Click() { ShowModal(new frmProductSpending(MainWindow())); }
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuEnterProduct"), mnuEnterProduct_Click);
     commands.Add(QStringLiteral("mnuViewAllProducts"), mnuViewAllProducts_Click);
@@ -83,6 +89,8 @@ void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuDeleteManufacturer"), mnuDeleteManufacturer_Click);
     commands.Add(QStringLiteral("mnuPOPShowProducts"), mnuPOPShowProducts_Click);
     commands.Add(QStringLiteral("mnuProductSpendingHistory"), mnuProductSpendingHistory_Click);
+    commands.Add(QStringLiteral("mnuProductCostHistory"), mnuProductCostHistory_Click);
+    commands.Add(QStringLiteral("mnuProductSpendingReport"), mnuProductSpendingReport_Click);
 }
 
 }  // namespace ProductCommands

@@ -16,4 +16,6 @@ void mnuDeleteManufacturer_Click();
 void mnuPOPShowProducts_Click();
 // The person picks the product on the history screen itself.
 void mnuProductSpendingHistory_Click();
+void mnuProductCostHistory_Click();
+void mnuProductSpendingReport_Click();
 }  // namespace ProductCommands

@@ -411,7 +411,7 @@ void frmProductCostHistory::Chart(const QString& sql, const QString& title) {
 void frmProductCostHistory::SaveChart() {
     Trap(QStringLiteral("frmProductCostHistory.SaveChart"), [&] {
         const QString file = TheUi().SaveFileName(QStringLiteral("Save Chart As"), QDir::tempPath(),
-                                                  QStringLiteral("Windows Bitmaps (*.bmp);;PNG Pictures (*.png)"));
+                                                  QStringLiteral("Windows Bitmaps (*.bmp);;PNG Pictures (*.png)"), false);
         if (file.isEmpty()) return;
         if (QFileInfo::exists(file) && MsgBox(file + QStringLiteral(" already exists, Over-write?"),
                                               Box::YesNo + Box::Question, QStringLiteral("Over-write")) != Answer::Yes)
