@@ -8,6 +8,7 @@
 #include "products/ProductCommands.h"
 #include "support/Rows.h"
 #include "support/TestEnv.h"
+#include "support/Views.h"
 
 #include <QChart>
 #include <QChartView>
@@ -23,15 +24,7 @@ namespace {
 
 class PriceHistoryTest : public LarderTest {
 protected:
-    static QStringList Lines(QTreeWidget* view) {
-        QStringList out;
-        for (int i = 0; i < view->topLevelItemCount(); ++i) {
-            QStringList cells;
-            for (int c = 0; c < view->columnCount(); ++c) cells << view->topLevelItem(i)->text(c);
-            out << cells.join("|");
-        }
-        return out;
-    }
+    static QStringList Lines(const QTreeWidget* view) { return views::Lines(view); }
     static qint32 Product(const QString& name, const QString& manufacturer, const QString& size = "") {
         return rows::Add("Product", {{"Name", name}, {"Manufacturer", manufacturer}, {"Size", size}});
     }

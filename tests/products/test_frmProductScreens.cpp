@@ -5,6 +5,7 @@
 #include "core/MainPanes.h"
 #include "support/Rows.h"
 #include "support/TestEnv.h"
+#include "support/Views.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,15 +18,7 @@
 
 class ProductScreensTest : public LarderTest {
 protected:
-    static QStringList Lines(QTreeWidget* view) {
-        QStringList out;
-        for (int i = 0; i < view->topLevelItemCount(); ++i) {
-            QStringList cells;
-            for (int c = 0; c < view->columnCount(); ++c) cells << view->topLevelItem(i)->text(c);
-            out << cells.join("|");
-        }
-        return out;
-    }
+    static QStringList Lines(const QTreeWidget* view) { return views::Lines(view); }
 };
 
 TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
