@@ -192,9 +192,13 @@ private:
     QDate CalendarDateAt(const QPoint& viewportPos) const;
     QStandardItem* SelectedRecipeNode() const;
     ListView* ActiveList() const;
-    // Where list generation from a recipe plugs in; false until it is there.
-    bool GenerateListFromRecipe(const QString& recipe, const QString& list);
+    // The recipe's ingredients onto the list; the drops ignore how it went, as
+    // a recipe that is not found has already said so.
+    void GenerateListFromRecipe(const QString& recipe, const QString& list);
+    // A list the person picks, "" when none was picked.
     QString PickShoppingList();
+    // With no default list: a picked list, offered as the default; "" when none was picked.
+    QString PickListOfferingDefault();
 
     CommandRegistry commands_;
     QString commandLine_;

@@ -3,6 +3,7 @@
 // pointer rests near its top or bottom edge, and a collapsed category held
 // under the pointer opens after a moment.
 #include "app/frmMain.h"
+#include "core/ChangeNotices.h"
 #include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
@@ -237,13 +238,19 @@ QString frmMain::PickShoppingList() {
     return QString();
 }
 
-bool frmMain::GenerateListFromRecipe(const QString& recipe, const QString& list) {
-    // List generation (clsRecipies.GenerateList(recipe, list)) plugs in here;
-    // the callers then count the use and reload the list pane.
-    Q_UNUSED(recipe);
-    Q_UNUSED(list);
-    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
-    return false;
+void frmMain::GenerateListFromRecipe(const QString& recipe, const QString& list) {
+    QString title = recipe;
+    QString name = list;
+    clsRecipies().GenerateList(title, name);
+}
+
+QString frmMain::PickListOfferingDefault() {
+    const QString list = PickShoppingList();
+    if (list.isEmpty()) return list;
+    Response = MsgBox(QStringLiteral("Would you like to use ") + list + QStringLiteral(" as the default?"),
+                      Box::YesNo + Box::Question, QStringLiteral("Set default"));
+    if (Response == Answer::Yes) Registry().CurrentShoppingList(list);
+    return list;
 }
 
 void frmMain::lvCurrentList_DragDrop(const QString& recipe) {
@@ -258,16 +265,14 @@ void frmMain::lvCurrentList_DragDrop(const QString& recipe) {
                 if (Response == Answer::No) return;
             }
         } else {
-            list = PickShoppingList();
+            list = PickListOfferingDefault();
             if (list.isEmpty()) return;
-            Response = MsgBox(QStringLiteral("Would you like to use ") + list + QStringLiteral(" as the default?"),
-                              Box::YesNo + Box::Question, QStringLiteral("Set default"));
-            if (Response == Answer::Yes) Registry().CurrentShoppingList(list);
         }
-        if (!GenerateListFromRecipe(recipe, list)) return;
-        clsRecipies recipes;
-        recipes.UpdateTimesUsed(recipe);
-        LoadShoppingList();
+        // Every change of the drop reaches the list pane as one reload, at the end.
+        NoticeBatch batch;
+        GenerateListFromRecipe(recipe, list);
+        clsRecipies().UpdateTimesUsed(recipe);
+        Notices().ShoppingListChanged();
     });
 }
 
@@ -287,40 +292,38 @@ void frmMain::calMeals_DragDrop(const QString& recipe, const QDate& day) {
         if (Response != Answer::Yes) return;
 
         // One meal a day from the calendar: a day that has one keeps it.
-        Recordset taken;
-        taken.Open(QStringLiteral("SELECT [Dates] FROM Meal WHERE [Dates] = #") +
-                       Format(QVariant(day), QStringLiteral("mm/dd/yyyy")) + QStringLiteral("#"),
-                   ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        const bool free = taken.RecordCount() == 0;
-        taken.Close();
-        if (free) {
+        if (!clsMeal().DateTaken(shortDate)) {
             clsMeal meal;
             meal.Name(longDate);
             meal.Meal(QStringLiteral("Dinner"));
             meal.Dates(shortDate);
             meal.MainCourse(recipe);
-            meal.AddNew();
-            Recordset added;
-            added.Open(QStringLiteral("SELECT * FROM Meal WHERE [Name] = '") + QuoteSql(longDate) +
-                           QStringLiteral("' ORDER BY [ID] DESC"),
-                       ConnectionMain(), adOpenKeyset, adLockReadOnly);
-            if (!added.IsEOF())
-                MealPane::AddMealRow(longDate, false, TextOf(added.Field(QStringLiteral("ID"))),
-                                     {QString(), recipe, QString(), QString(), QString(), QString()});
+            if (meal.AddNew()) {
+                Recordset added;
+                added.Open(QStringLiteral("SELECT [ID] FROM Meal WHERE [Name] = ") + SqlText(longDate) +
+                               QStringLiteral(" ORDER BY [ID] DESC"),
+                           ConnectionMain(), adOpenKeyset, adLockReadOnly);
+                if (!added.IsEOF())
+                    MealPane::AddMealRow(longDate, false, TextOf(added.Field(QStringLiteral("ID"))),
+                                         {QString(), recipe, QString(), QString(), QString(), QString()});
+            }
         }
-        clsRecipies recipes;
-        recipes.UpdateTimesUsed(recipe);
+        clsRecipies().UpdateTimesUsed(recipe);
         MealPane::MarkMealDay(day);
 
         Response =
             MsgBox(QStringLiteral("Do you wish to add ") + recipe + QStringLiteral(" to the current shopping list?"),
                    Box::YesNo + Box::Question, QStringLiteral("Add to Shoppinglist"));
         if (Response != Answer::Yes) return;
-        // As for a drop on the list, into CURRENT_SHOP_LIST.
-        if (!GenerateListFromRecipe(recipe, Registry().CurrentShoppingList())) return;
-        recipes.UpdateTimesUsed(recipe);
+        // As for a drop on the list: with no default list the person picks one.
+        QString list = Registry().CurrentShoppingList();
+        if (list.isEmpty()) list = PickListOfferingDefault();
+        if (list.isEmpty()) return;
+        NoticeBatch batch;
+        GenerateListFromRecipe(recipe, list);
+        clsRecipies().UpdateTimesUsed(recipe);
         MainPanes::Instance().Clear(MainPanes::Instance().currentList);
-        LoadShoppingList();
+        Notices().ShoppingListChanged();
     });
 }
 

@@ -13,6 +13,15 @@ class ChangeNotices : public QObject {
 public:
     static ChangeNotices& Instance();
 
+    // A piece of work that changes many rows holds the list and meal reloads
+    // while it runs, so that the window reads each pane once at its end rather
+    // than once per row. Holds nest; the outermost release sends what was asked.
+    void Hold();
+    void Release();
+    // LoadShoppingList and LoadMealList, now or when the outermost hold ends.
+    void ShoppingListChanged();
+    void MealListChanged();
+
 Q_SIGNALS:
     void LoadRecipies();
     void LoadAllCoupons();
@@ -35,6 +44,19 @@ Q_SIGNALS:
 
 private:
     ChangeNotices() = default;
+
+    int holds_ = 0;
+    bool listAsked_ = false;
+    bool mealsAsked_ = false;
 };
 
 inline ChangeNotices& Notices() { return ChangeNotices::Instance(); }
+
+// Holds the reloads for as long as it lives.
+class NoticeBatch {
+public:
+    NoticeBatch() { Notices().Hold(); }
+    ~NoticeBatch() { Notices().Release(); }
+    NoticeBatch(const NoticeBatch&) = delete;
+    NoticeBatch& operator=(const NoticeBatch&) = delete;
+};

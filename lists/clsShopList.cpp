@@ -16,7 +16,7 @@
 namespace {
 
 // The main window's list pane shows the Current rows; it reloads on this.
-void ListChanged() { Q_EMIT Notices().LoadShoppingList(); }
+void ListChanged() { Notices().ShoppingListChanged(); }
 
 // The Current row of an item that a save to `list` may merge into. Only rows
 // of that list are looked at, so a save never changes another list's row.

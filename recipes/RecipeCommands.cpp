@@ -4,6 +4,9 @@
 #include "core/CommandRegistry.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
+#include "core/Values.h"
+#include "core/clsRegistry.h"
+#include "platform/Clock.h"
 #include "platform/Ui.h"
 #include "recipes/RecipeComparisons.h"
 #include "recipes/clsRecipies.h"
@@ -22,6 +25,8 @@ QStandardItem* SelectedRecipe() {
 }  // namespace
 
 namespace RecipeCommands {
+
+std::function<void(const QString& title)> SpecialListHook;
 
 void mnuCloseCookbook_Click() {
     CurrentCookbook.clear();
@@ -110,6 +115,35 @@ void mnuPOPDeleteRecipie_Click() {
     Q_EMIT Notices().SetCurrentRecipieCount();
 }
 
+bool AddRecipeToCurrentList(const QString& title) {
+    QString recipe = title;
+    QString list = Registry().CurrentShoppingList();
+    // Nothing to ask here for a list: the recipe goes to today's list, named
+    // as a dated list is.
+    if (list.isEmpty()) list = Format(QVariant(Clock::Today()), QStringLiteral("dddd, mmm d yyyy"));
+    // The generation, the count and the reload reach the list pane as one reload.
+    NoticeBatch batch;
+    if (!clsRecipies().GenerateList(recipe, list)) return false;
+    clsRecipies().UpdateTimesUsed(title);
+    Notices().ShoppingListChanged();
+    return true;
+}
+
+void mnuPOPRecipieAddToShopList_Click() {
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* node = panes.CurrentNode(panes.recipes);
+    // Only a recipe node added since the tree was loaded carries this tag.
+    if (!node || node->data(MainPanes::TagRole).toString() != QLatin1String("Recipe Title")) return;
+    const QString title = node->text();
+    Response = MsgBox(QStringLiteral("Would you like to create a list just for this item?"), Box::YesNo + Box::Question,
+                      QStringLiteral("Special List"));
+    if (Response == Answer::Yes) {
+        if (SpecialListHook) SpecialListHook(title);
+        return;
+    }
+    AddRecipeToCurrentList(title);
+}
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuCloseCookbook"), mnuCloseCookbook_Click);
     commands.Add(QStringLiteral("mnuClearRecipeComparasions"), mnuClearRecipeComparasions_Click);
@@ -118,6 +152,7 @@ void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuPOPPrintPreview"), mnuPOPPrintPreview_Click);
     commands.Add(QStringLiteral("mnuPOPAddRecipeToComparison"), mnuPOPAddRecipeToComparison_Click);
     commands.Add(QStringLiteral("mnuPOPDeleteRecipie"), mnuPOPDeleteRecipie_Click);
+    commands.Add(QStringLiteral("mnuPOPRecipieAddToShopList"), mnuPOPRecipieAddToShopList_Click);
 }
 
 }  // namespace RecipeCommands

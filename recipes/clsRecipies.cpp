@@ -1,6 +1,7 @@
 #include "recipes/clsRecipies.h"
 
 #include "core/ChangeNotices.h"
+#include "core/Dates.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
@@ -10,6 +11,7 @@
 #include "meals/clsGuestServed.h"
 #include "meals/clsMeal.h"
 #include "platform/RuntimeError.h"
+#include "products/clsHistory.h"
 #include "platform/Ui.h"
 #include "recipes/PackedIngredient.h"
 #include "recipes/RecipeComparisons.h"
@@ -543,6 +545,64 @@ void clsRecipies::AddRecipeCategory(const QString& category, const QString& titl
         rs.setField(QStringLiteral("Style"),
                     style.endsWith(QLatin1Char(',')) ? style + category : style + QStringLiteral(",") + category);
         rs.Update();
+    });
+}
+
+// --- shopping lists ------------------------------------------------------------
+
+namespace {
+
+// An ingredient written as "salt for" (the rest of the phrase cut off) goes on
+// the list without its dangling "for". Only the last three characters are
+// looked at, so "salt For" and "salt for " stay as they are.
+QString WithoutTrailingFor(QString name) {
+    if (name.right(3).trimmed() == QLatin1String("for")) name.chop(3);
+    return name;
+}
+
+}  // namespace
+
+bool clsRecipies::GenerateList(QString& recipeTitle, QString& listName) {
+    return Trap(QStringLiteral("Recipe.GenerateList"), false, [&] {
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT * FROM Recipie WHERE [Title] = ") + LitInPlace(recipeTitle), ConnectionMain(),
+                adOpenKeyset, adLockOptimistic);
+        if (IsDate(QVariant(listName)))
+            listName = Format(QVariant(CDate(QVariant(listName))), QStringLiteral("dddd, mmm d yyyy"));
+        {
+            // The list pane is read once when the last ingredient is in.
+            NoticeBatch batch;
+            // Raises when no row was found, before anything is written.
+            const QString style = TextOf(rs.Field(QStringLiteral("Style")));
+            clsHistory().AddItems(style);
+            for (int i = 1; i <= PackedIngredient::LastShownSlot; ++i) {
+                const QVariant value = rs.Field(PackedIngredient::ColumnName(i));
+                if (IsNull(value)) continue;
+                const QString packed = TextOf(value);
+                if (packed.isEmpty()) continue;
+                clsShopList item;
+                item.Name(listName);
+                item.Store(QStringLiteral("Any"));
+                item.ItemManufacturer(QStringLiteral("Any"));
+                item.ItemName(WithoutTrailingFor(PackedIngredient::Name(packed)));
+                // Stored right-justified in seven places; the list takes the quantity itself.
+                item.ItemQuantity(PackedIngredient::Quantity(packed));
+                item.ItemSize(PackedIngredient::Field(packed, 1));
+                item.ItemStyle(recipeTitle);
+                item.IsCurrent(true);
+                item.ItemCoupon(false);
+                item.Recurring(QStringLiteral(" "));
+                item.AddItem();
+            }
+            const QVariant used = rs.Field(QStringLiteral("TimesUsed"));
+            rs.setField(QStringLiteral("TimesUsed"), IsNull(used) ? QVariant(1) : LooseAdd(used, 1));
+            rs.Update();
+            rs.Close();
+        }
+        MsgBox(QStringLiteral("The Recipe ,") + recipeTitle + QStringLiteral(", was added to the List, ") + listName +
+                   QStringLiteral("."),
+               Box::Exclamation, QStringLiteral("List Add"));
+        return true;
     });
 }
 

@@ -104,6 +104,15 @@ public:
     QString GetRecipeImage(const QString& title);
     void AddRecipeCategory(const QString& category, const QString& title);
 
+    // Puts the recipe's ingredients 1..18 on the shopping list `listName`, one
+    // AddItem each (so like items of the Current list merge), notes its
+    // categories in the history, counts one use and says so in a box. Both
+    // arguments are in-out: the title comes back with its apostrophes doubled
+    // (so a title holding one is not found, and the call ends in the error box
+    // with nothing added), and a list name that is a date comes back in its long
+    // form, which is the name a dated list has. True when the list was written.
+    bool GenerateList(QString& recipeTitle, QString& listName);
+
     // Where the last HTML export of PrintPreview went ("" when none); the
     // report engine names it, callers that want to show it read it here.
     QString LastExportFile() const { return lastExport_; }
