@@ -1,10 +1,14 @@
 // Recipes dragged out of the recipe tree: the rules of each target, the boxes
 // through the scripted service, the results in the database and the panes.
+#include "core/ChangeNotices.h"
 #include "core/clsRegistry.h"
+#include "meals/clsMeal.h"
+#include "recipes/PackedIngredient.h"
 #include "support/MainWindowTest.h"
 
 #include <QCoreApplication>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTimer>
 
 namespace {
@@ -53,8 +57,8 @@ TEST_F(DragTest, ACalendarDayBeforeTodayIsRefusedAndAFreeDayGetsTheRecipeAsAMeal
     EXPECT_EQ(ui.count(), 1);
     EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 1);
 
-    // Yes to the list reaches list generation, which is not there yet and says so.
-    Registry().CurrentShoppingList("Weekly");
+    // Yes to the list with no default list: the list picker is not there yet
+    // and picks nothing, so nothing reaches a list.
     ui.clear();
     ui.answer(Answer::Yes);
     ui.answer(Answer::Yes);
@@ -63,6 +67,8 @@ TEST_F(DragTest, ACalendarDayBeforeTodayIsRefusedAndAFreeDayGetsTheRecipeAsAMeal
     ASSERT_EQ(ui.count(), 3);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
     EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 2);
+    EXPECT_EQ(rows::Count("SELECT * FROM ShopList"), 0);
+    EXPECT_EQ(TimesUsed("Leek Soup"), 2);
 }
 
 TEST_F(DragTest, OnlyACategoryTakesARecipe) {
@@ -102,13 +108,148 @@ TEST_F(DragTest, ADropOnTheListAsksAboutTheDefaultListUnlessToldNotTo) {
     EXPECT_EQ(ui.lastBox().prompt, "Add Leek Soup to Weekly ?");
     EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question);
 
+    EXPECT_EQ(TimesUsed("Leek Soup"), 0);
+
     // Without the question the drop goes straight to generation.
     Registry().PromptBeforeAddSet(false);
     ui.answer(Answer::OK);
     w.lvCurrentList_DragDrop("Leek Soup");
     EXPECT_EQ(ui.count(), 2);
+    EXPECT_EQ(LastBox(), "List Add: The Recipe ,Leek Soup, was added to the List, Weekly.");
+    EXPECT_EQ(TimesUsed("Leek Soup"), 2);
+
+    // With no default list the picker picks nothing and the drop ends there.
+    Registry().CurrentShoppingList("");
+    ui.clear();
+    ui.answer(Answer::OK);
+    w.lvCurrentList_DragDrop("Leek Soup");
+    ASSERT_EQ(ui.count(), 1);
     EXPECT_EQ(ui.lastBox().title, "Coming Soon");
-    EXPECT_EQ(TimesUsed("Leek Soup"), 0);
+    EXPECT_EQ(TimesUsed("Leek Soup"), 2);
+}
+
+// A recipe of eighteen ingredients, packed as the entry screen stores them.
+void HarvestStew() {
+    const char* const parts[18][3] = {
+        {"1 1/2", "cup", "flour"},      // same size as the list's row: the fraction turns decimal
+        {"2", "tbsp", "butter"},        // the list holds cups: converted by the chart
+        {"2", "carton", "beef broth"},  // the list holds cans, the chart knows no cartons
+        {"1", "ea", "onion"},           // same size: joined as text
+        {"1/2", "tsp", "salt for"},     // new, and without its dangling "for"
+        {"1 1/2", "lb", "beef chuck"}, {"3", "clove", "garlic"},  {"2", "ea", "carrot"},      {"1", "cup", "red wine"},
+        {"2", "tbsp", "tomato paste"}, {"1", "tsp", "thyme"},     {"2", "ea", "bay leaf"},    {"4", "ea", "potato"},
+        {"1", "cup", "peas"},          {"1/4", "cup", "parsley"}, {"1", "tbsp", "olive oil"}, {"1", "ea", "celery"},
+        {"1/2", "tsp", "pepper"}};
+    QVariantMap columns{{"TimesUsed", 0}, {"ingredient19", "      9%%cup%%never read"}};
+    for (int i = 0; i < 18; ++i)
+        columns.insert(
+            PackedIngredient::ColumnName(i + 1),
+            PackedIngredient::Pack(PackedIngredient::PadQuantity(parts[i][0]), parts[i][1], parts[i][2], ""));
+    rows::Recipe("Harvest Stew", "Stew", "General", columns);
+}
+
+// The Current list the stew is dropped on, and a saved list that is not current.
+void WeeklyList() {
+    const char* const items[][4] = {{"flour", "2", "cup", "Baking"},
+                                    {"butter", "1", "cup", "Dairy"},
+                                    {"beef broth", "1", "can", "Soup"},
+                                    {"onion", "2", "ea", "Produce"},
+                                    {"milk", "1", "gal", "Dairy"}};
+    for (const auto& i : items)
+        rows::Add("ShopList", {{"Name", "Weekly"},
+                               {"Store", "Any"},
+                               {"ItemManufacturer", "Any"},
+                               {"ItemName", i[0]},
+                               {"ItemQuantity", i[1]},
+                               {"ItemSize", i[2]},
+                               {"ItemStyle", i[3]},
+                               {"IsCurrent", true},
+                               {"Recurring", " "}});
+    rows::Add("ShopList", {{"Name", "Old"},
+                           {"Store", "Any"},
+                           {"ItemManufacturer", "Any"},
+                           {"ItemName", "carrot"},
+                           {"ItemQuantity", "5"},
+                           {"ItemSize", "ea"},
+                           {"IsCurrent", false}});
+}
+
+// What the stew leaves on the Current list, as the list pane shows it.
+const QStringList kStewOnWeekly = {"flour|21.5, |cup|Baking",
+                                   "butter|0.1251, |cup|Dairy",
+                                   "beef broth|1, |can|Soup",
+                                   "onion|21, |ea|Produce",
+                                   "milk|1|gal|Dairy",
+                                   "salt |1/2|tsp|Harvest Stew",
+                                   "beef chuck|1 1/2|lb|Harvest Stew",
+                                   "garlic|3|clove|Harvest Stew",
+                                   "carrot|2|ea|Harvest Stew",
+                                   "red wine|1|cup|Harvest Stew",
+                                   "tomato paste|2|tbsp|Harvest Stew",
+                                   "thyme|1|tsp|Harvest Stew",
+                                   "bay leaf|2|ea|Harvest Stew",
+                                   "potato|4|ea|Harvest Stew",
+                                   "peas|1|cup|Harvest Stew",
+                                   "parsley|1/4|cup|Harvest Stew",
+                                   "olive oil|1|tbsp|Harvest Stew",
+                                   "celery|1|ea|Harvest Stew",
+                                   "pepper|1/2|tsp|Harvest Stew"};
+
+QStringList Sorted(QStringList lines) {
+    lines.sort();
+    return lines;
+}
+
+TEST_F(DragTest, ARecipeDroppedOnTheListMergesIntoTheCurrentListAndThePaneShowsIt) {
+    HarvestStew();
+    WeeklyList();
+    Registry().CurrentShoppingList("Weekly");
+    frmMain w;
+    LoadRecipes(w);
+    w.LoadShoppingList();
+    ASSERT_EQ(panes.currentList.rowCount(), 5);
+    QSignalSpy reloads(&Notices(), &ChangeNotices::LoadShoppingList);
+
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::OK);
+    w.lvCurrentList_DragDrop("Harvest Stew");
+    EXPECT_EQ(ui.prompts(), QStringList({"Add Harvest Stew to Weekly ?",
+                                         "The Recipe ,Harvest Stew, was added to the List, Weekly."}));
+
+    const QStringList weekly = rows::Joined("SELECT * FROM ShopList WHERE [Name] = 'Weekly' ORDER BY [ID]",
+                                            {"ItemName", "ItemQuantity", "ItemSize", "ItemStyle"});
+    EXPECT_EQ(weekly, kStewOnWeekly);
+    EXPECT_EQ(rows::Joined("SELECT * FROM ShopList WHERE [Name] = 'Old'", {"ItemQuantity", "IsCurrent"}),
+              QStringList({"5|False"}));
+    // One from the generation, one from the drop.
+    EXPECT_EQ(TimesUsed("Harvest Stew"), 2);
+    EXPECT_EQ(reloads.count(), 1);
+    EXPECT_EQ(Sorted(Lines(panes.currentList)), Sorted(kStewOnWeekly));
+}
+
+TEST_F(DragTest, ARecipeDroppedOnAFreeDayBecomesItsMealAndGoesOnTheList) {
+    HarvestStew();
+    WeeklyList();
+    Registry().CurrentShoppingList("Weekly");
+    frmMain w;
+    LoadRecipes(w);
+    w.LoadShoppingList();
+
+    ui.answer(Answer::Yes);  // the meal
+    ui.answer(Answer::Yes);  // the list
+    ui.answer(Answer::OK);
+    w.calMeals_DragDrop("Harvest Stew", QDate(2026, 11, 24));
+    EXPECT_EQ(ui.prompts(), QStringList({"Do you wish to add Harvest Stew as a meal on Tuesday, Nov 24 2026 ?",
+                                         "Do you wish to add Harvest Stew to the current shopping list?",
+                                         "The Recipe ,Harvest Stew, was added to the List, Weekly."}));
+    EXPECT_EQ(rows::Joined("SELECT * FROM Meal", {"Name", "Meal", "MainCourse"}),
+              QStringList({"Tuesday, Nov 24 2026|Dinner|Harvest Stew"}));
+    EXPECT_TRUE(clsMeal().DateTaken("11/24/26"));
+    EXPECT_TRUE(panes.boldMealDates.contains(QDate(2026, 11, 24)));
+    EXPECT_EQ(Children(panes.FindByKey(panes.meals, "Meal::Tuesday, Nov 24 2026")), QStringList({"Harvest Stew"}));
+    EXPECT_EQ(Sorted(Lines(panes.currentList)), Sorted(kStewOnWeekly));
+    // The meal, the generation and the list each count a use.
+    EXPECT_EQ(TimesUsed("Harvest Stew"), 3);
 }
 
 TEST_F(DragTest, TheTreeScrollsWhileTheDragIsNearItsEdge) {

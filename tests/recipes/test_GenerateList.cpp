@@ -76,8 +76,8 @@ TEST_F(GenerateListTest, EveryFilledSlotOfTheFirstEighteenBecomesOneRowOfTheList
             expected << "Weekly|item " + n + "|" + n + "|can|Leek Soup";
     }
     EXPECT_EQ(Items(), expected);  // 16 rows; columns 19 and 20 are never read
-    QStringList rest =
-        rows::Joined("SELECT * FROM ShopList", {"Store", "ItemManufacturer", "Coupon", "Recurring", "IsCurrent", "Dates"});
+    QStringList rest = rows::Joined("SELECT * FROM ShopList",
+                                    {"Store", "ItemManufacturer", "Coupon", "Recurring", "IsCurrent", "Dates"});
     rest.removeDuplicates();
     EXPECT_EQ(rest, QStringList({"Any|Any|False| |True|"}));
     EXPECT_EQ(Uses("Leek Soup"), 6);
@@ -89,8 +89,9 @@ TEST_F(GenerateListTest, TheSameRecipeTwiceMergesIntoItsRowsAndCountsOncePerCall
     rows::Recipe("Chili", "Main", "General",
                  {{"Ingredient1", Slot("2", "can", "beans")}, {"Ingredient2", Slot("1", "lb", "beef")}});
     // A list row of another list, not current, is left alone.
-    rows::Add("ShopList", {{"Name", "Old"}, {"ItemName", "beans"}, {"ItemQuantity", "7"}, {"ItemSize", "can"},
-                           {"IsCurrent", false}});
+    rows::Add(
+        "ShopList",
+        {{"Name", "Old"}, {"ItemName", "beans"}, {"ItemQuantity", "7"}, {"ItemSize", "can"}, {"IsCurrent", false}});
     for (int call = 0; call < 2; ++call) {
         ui.answer(Answer::OK);
         QString title = "Chili";
