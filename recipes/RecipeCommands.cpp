@@ -132,8 +132,9 @@ bool AddRecipeToCurrentList(const QString& title) {
 void mnuPOPRecipieAddToShopList_Click() {
     MainPanes& panes = MainPanes::Instance();
     QStandardItem* node = panes.CurrentNode(panes.recipes);
-    // Only a recipe node added since the tree was loaded carries this tag.
-    if (!node || node->data(MainPanes::TagRole).toString() != QLatin1String("Recipe Title")) return;
+    // Any recipe node: those loaded with the tree carry "Recipe" or
+    // "RecipeFavorite", those added since "Recipe Title".
+    if (!MainPanes::IsRecipeNode(node)) return;
     const QString title = node->text();
     Response = MsgBox(QStringLiteral("Would you like to create a list just for this item?"), Box::YesNo + Box::Question,
                       QStringLiteral("Special List"));

@@ -211,8 +211,16 @@ TEST_F(RecipePopupTest, NoSendsTheRecipeToTheDefaultListAndYesToTheSpecialList) 
     EXPECT_EQ(rows::Count("SELECT * FROM ShopList"), 1);
 }
 
-TEST_F(RecipePopupTest, ARecipeNodeLoadedWithTheTreeAsksNothing) {
+TEST_F(RecipePopupTest, ARecipeNodeLoadedWithTheTreeAsksAndACategoryNodeDoesNot) {
     Select("Recipe");
+    ui.answer(Answer::Yes);
+    RecipeCommands::mnuPOPRecipieAddToShopList_Click();
+    EXPECT_EQ(LastBox(), "Special List: Would you like to create a list just for this item?");
+
+    ui.clear();
+    MainPanes& panes = MainPanes::Instance();
+    panes.SelectionOf(panes.recipes)
+        ->setCurrentIndex(panes.AddCategory("Main")->index(), QItemSelectionModel::ClearAndSelect);
     RecipeCommands::mnuPOPRecipieAddToShopList_Click();
     EXPECT_EQ(ui.count(), 0);
 }
