@@ -77,7 +77,7 @@ frmShoppingList::frmShoppingList(QWidget* parent) : QDialog(parent) {
                                      QStringLiteral("Size"), QStringLiteral("Category"), QStringLiteral("Coupon"),
                                      QString(), QString(), QString()});
     for (int c : {colSpare, colCost, colStore}) lvShoppingList->setColumnHidden(c, true);
-    lvShoppingList->headerItem()->setTextAlignment(colQuantity, Qt::AlignRight | Qt::AlignVCenter);
+    lvShoppingList->headerItem()->setTextAlignment(colQuantity, Qt::AlignCenter);
     QHeaderView* header = lvShoppingList->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(colItem, QHeaderView::Stretch);
@@ -204,7 +204,7 @@ void frmShoppingList::LoadRecipe(const QString& title) {
                 auto* line = new QTreeWidgetItem(
                     {parts[2], parts[0], QStringLiteral("Any"), parts[1], QStringLiteral("For ") + title,
                      QStringLiteral("No"), QString(), QString(), QString()});
-                line->setTextAlignment(colQuantity, Qt::AlignRight | Qt::AlignVCenter);
+                line->setTextAlignment(colQuantity, Qt::AlignCenter);
                 lvShoppingList->addTopLevelItem(line);
             }
         }

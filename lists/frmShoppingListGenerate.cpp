@@ -46,6 +46,7 @@ frmShoppingListGenerate::frmShoppingListGenerate(QWidget* parent) : QDialog(pare
     lblFile = new QLabel(fraSelectPrinter);
     lblFile->setObjectName(QStringLiteral("lblFile"));
     lblFile->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblFile->setVisible(false);
     chkPreview = new QCheckBox(QStringLiteral("Preview"), fraSelectPrinter);
     chkPreview->setObjectName(QStringLiteral("chkPreview"));
     auto* printerBox = new QVBoxLayout(fraSelectPrinter);
@@ -127,6 +128,7 @@ void frmShoppingListGenerate::LoadPrinters() {
 void frmShoppingListGenerate::chkPrintToFile_Click() {
     printFile_.clear();
     lblFile->clear();
+    lblFile->setVisible(false);
     if (!chkPrintToFile->isChecked()) return;
     // The question below is the only one about an existing file.
     const QString path = TheUi().SaveFileName(QStringLiteral("Save Larder list to file..."), QDir::homePath(),
@@ -144,6 +146,7 @@ void frmShoppingListGenerate::chkPrintToFile_Click() {
     }
     printFile_ = path;
     lblFile->setText(QDir::toNativeSeparators(path));
+    lblFile->setVisible(true);
 }
 
 void frmShoppingListGenerate::cmdPrint_Click() {
