@@ -13,6 +13,7 @@
 #include "core/clsRegistry.h"
 #include "core/modEffects.h"
 #include "coupons/CouponCommands.h"
+#include "lists/ListCommands.h"
 #include "meals/MealCommands.h"
 #include "measures/MeasureCommands.h"
 #include "messages/MessageCommands.h"
@@ -389,6 +390,7 @@ void frmMain::RegisterCommands() {
     own("mnuSAMShoppingList", &frmMain::mnuSAMShoppingList_Click);
     own("mnuSAMMealListing", &frmMain::mnuSAMMealListing_Click);
     CouponCommands::Register(commands_);
+    ListCommands::Register(commands_);
     MealCommands::Register(commands_);
     MeasureCommands::Register(commands_);
     MessageCommands::Register(commands_);

@@ -109,10 +109,15 @@ Report Shaped(const QString& title, const QString& sql, const QStringList& group
     return report;
 }
 
-Report cmShoppingList() {
-    return Shaped(QStringLiteral("Standard List"),
-                  QStringLiteral("SELECT * FROM ShopList WHERE [IsCurrent] = True ORDER BY [ItemStyle], [ItemName]"),
-                  {QStringLiteral("ItemStyle")}, kListFields);
+Report cmShoppingList(const QString& listName) {
+    const QString rows = listName.isEmpty() ? QStringLiteral("[IsCurrent] = True")
+                                            : QStringLiteral("[Name] = ") + SqlText(listName);
+    Report report = Shaped(QStringLiteral("Standard List"),
+                           QStringLiteral("SELECT * FROM ShopList WHERE ") + rows +
+                               QStringLiteral(" ORDER BY [ItemStyle], [ItemName]"),
+                           {QStringLiteral("ItemStyle")}, kListFields);
+    if (!listName.isEmpty()) report.AddHeading(listName);
+    return report;
 }
 
 Report cmShoplistGeneric(const QString& listName) {

@@ -22,7 +22,8 @@ struct ReportField {
 // the order in which the query first yields them, so a walk order survives.
 Report Shaped(const QString& title, const QString& sql, const QStringList& groupBy, const QList<ReportField>& fields);
 
-Report cmShoppingList();                            // rptStandard
+// rptStandard: the Current rows, or the rows of one list when a name is given.
+Report cmShoppingList(const QString& listName = QString());
 Report cmShoplistGeneric(const QString& listName);  // one saved list
 Report cmShoplistByIsle(const QString& storeName);  // rptListByIsle
 Report cmCoupons();                                 // rptCoupons
