@@ -397,6 +397,8 @@ void frmMain::RegisterCommands() {
     ProductCommands::Register(commands_);
     RecipeCommands::Register(commands_);
     StoreCommands::Register(commands_);
+    // A recipe's "list just for this item" opens in the list editor.
+    RecipeCommands::SpecialListHook = [](const QString& title) { ListCommands::OpenSpecialList(title); };
 }
 
 void frmMain::WireCommands() {

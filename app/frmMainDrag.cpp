@@ -12,6 +12,7 @@
 #include "core/Values.h"
 #include "core/clsRegistry.h"
 #include "core/modVerify.h"
+#include "lists/frmShoppingListSelect.h"
 #include "meals/MealPane.h"
 #include "meals/clsMeal.h"
 #include "platform/Clock.h"
@@ -232,11 +233,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
 // --- the drops -------------------------------------------------------------------
 
-QString frmMain::PickShoppingList() {
-    // The list picker (frmShoppingListSelect.GetListName) plugs in here.
-    MsgBox(QStringLiteral("This feature will be added soon!"), Box::Information, QStringLiteral("Coming Soon"));
-    return QString();
-}
+QString frmMain::PickShoppingList() { return frmShoppingListSelect::GetListName(this); }
 
 void frmMain::GenerateListFromRecipe(const QString& recipe, const QString& list) {
     QString title = recipe;

@@ -64,7 +64,10 @@ QString ConvertUnit(const QString& from, const QString& quantity, const QString&
         const double number = quantity.contains(QLatin1Char('/'))
                                   ? CDbl(CStr(QVariant::fromValue(FractionToDecimal(quantity))))
                                   : Val(quantity);
-        result = CStr(CDbl(rs.Field(QStringLiteral("conversionconstant"))) * number);
+        // An empty cell is a pair with no known constant, read as the 0 that
+        // merging and the conversion screen both take for "none known".
+        const QVariant constant = rs.Field(QStringLiteral("conversionconstant"));
+        result = IsNull(constant) ? QStringLiteral("0") : CStr(CDbl(constant) * number);
     });
     return result;
 }

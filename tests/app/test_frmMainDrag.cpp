@@ -2,12 +2,14 @@
 // through the scripted service, the results in the database and the panes.
 #include "core/ChangeNotices.h"
 #include "core/clsRegistry.h"
+#include "lists/frmShoppingListSelect.h"
 #include "meals/clsMeal.h"
 #include "recipes/PackedIngredient.h"
 #include "support/MainWindowTest.h"
 
 #include <QCoreApplication>
 #include <QScrollBar>
+#include <QTreeWidget>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -57,15 +59,19 @@ TEST_F(DragTest, ACalendarDayBeforeTodayIsRefusedAndAFreeDayGetsTheRecipeAsAMeal
     EXPECT_EQ(ui.count(), 1);
     EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 1);
 
-    // Yes to the list with no default list: the list picker is not there yet
-    // and picks nothing, so nothing reaches a list.
+    // Yes to the list with no default list: the list picker is cancelled, so
+    // nothing reaches a list.
     ui.clear();
     ui.answer(Answer::Yes);
     ui.answer(Answer::Yes);
-    ui.answer(Answer::OK);
+    QString picker;
+    ui.answerModal([&](QDialog* d) {
+        picker = d->objectName();
+        return int(QDialog::Rejected);
+    });
     w.calMeals_DragDrop("Leek Soup", QDate(2026, 11, 30));
-    ASSERT_EQ(ui.count(), 3);
-    EXPECT_EQ(ui.lastBox().title, "Coming Soon");
+    EXPECT_EQ(ui.prompts().size(), 2);
+    EXPECT_EQ(picker, "frmShoppingListSelect");
     EXPECT_EQ(rows::Count("SELECT * FROM Meal"), 2);
     EXPECT_EQ(rows::Count("SELECT * FROM ShopList"), 0);
     EXPECT_EQ(TimesUsed("Leek Soup"), 2);
@@ -118,14 +124,27 @@ TEST_F(DragTest, ADropOnTheListAsksAboutTheDefaultListUnlessToldNotTo) {
     EXPECT_EQ(LastBox(), "List Add: The Recipe ,Leek Soup, was added to the List, Weekly.");
     EXPECT_EQ(TimesUsed("Leek Soup"), 2);
 
-    // With no default list the picker picks nothing and the drop ends there.
+    // With no default list the picker is cancelled and the drop ends there.
     Registry().CurrentShoppingList("");
     ui.clear();
+    ui.answerModal([](QDialog*) { return int(QDialog::Rejected); });
+    w.lvCurrentList_DragDrop("Leek Soup");
+    EXPECT_EQ(ui.prompts(), QStringList());
+    EXPECT_EQ(TimesUsed("Leek Soup"), 2);
+
+    // A list picked there is offered as the default and takes the recipe.
+    rows::Add("ShopList", {{"Name", "Weekly"}, {"ItemName", "leeks"}});
+    ui.answerModal([](QDialog* d) {
+        auto* picker = static_cast<frmShoppingListSelect*>(d);
+        picker->lvLists->setCurrentItem(picker->lvLists->topLevelItem(0));
+        return int(QDialog::Accepted);
+    });
+    ui.answer(Answer::Yes);
     ui.answer(Answer::OK);
     w.lvCurrentList_DragDrop("Leek Soup");
-    ASSERT_EQ(ui.count(), 1);
-    EXPECT_EQ(ui.lastBox().title, "Coming Soon");
-    EXPECT_EQ(TimesUsed("Leek Soup"), 2);
+    EXPECT_EQ(ui.prompts(), QStringList({"Would you like to use Weekly as the default?",
+                                         "The Recipe ,Leek Soup, was added to the List, Weekly."}));
+    EXPECT_EQ(Registry().CurrentShoppingList(), "Weekly");
 }
 
 // A recipe of eighteen ingredients, packed as the entry screen stores them.

@@ -92,6 +92,10 @@ TEST_F(ConvertTest, ConversionUsesOnlyTheCellAsked) {
     EXPECT_EQ(ConvertUnit("Jar", "3 jars", "Spoon"), "37.5");
     EXPECT_EQ(ConvertUnit("Spoon", "2", "Jar"), "");  // the reverse cell is never tried
     EXPECT_EQ(ConvertUnit("Bucket", "2", "Spoon"), "");
+    // An empty cell knows no constant: the "0" that merging takes as "none known".
+    AddCell("Jar", "Ounce", QVariant());
+    EXPECT_EQ(ConvertUnit("Jar", "2", "Ounce"), "0");
+    EXPECT_EQ(ui.count(), 0);
 
     AddCell("Baker's dozen", "Roll", 13);
     EXPECT_EQ(ConvertUnit("Baker's dozen", "2", "Roll"), "26");
