@@ -4,6 +4,7 @@
 #include "app/frmMain.h"
 #include "core/Globals.h"
 #include "platform/Database.h"
+#include "platform/Recordset.h"
 #include "platform/ScriptedUi.h"
 
 #include <QCoreApplication>
@@ -60,6 +61,13 @@ frmMain& Window() {
         window->show();
     }
     return *window;
+}
+
+int CurrentListRows() {
+    Recordset rs;
+    rs.Open("SELECT COUNT(*) AS n FROM ShopList WHERE [IsCurrent] = True", ConnectionMain(), adOpenStatic,
+            adLockReadOnly);
+    return rs.Field("n").toInt();
 }
 
 }  // namespace Fixture

@@ -27,4 +27,7 @@ void OpenFreshHousehold(const QString& folder);
 // sees it; it goes with the application, before the panes it shows.
 frmMain& Window();
 
+// How many ShopList rows are on the Current list now.
+int CurrentListRows();
+
 }  // namespace Fixture

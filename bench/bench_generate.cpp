@@ -75,13 +75,6 @@ void Reset(const Household& h) {
     }
 }
 
-int CurrentRows() {
-    Recordset rs;
-    rs.Open("SELECT COUNT(*) AS n FROM ShopList WHERE [IsCurrent] = True", ConnectionMain(), adOpenStatic,
-            adLockReadOnly);
-    return rs.Field("n").toInt();
-}
-
 void Check(benchmark::State& state, ScriptedUi& ui) {
     if (ui.count() != 1 || ui.lastBox().title != QLatin1String("List Add"))
         state.SkipWithError(ui.count() ? ui.lastBox().prompt.toStdString().c_str() : "no box");
@@ -104,7 +97,7 @@ void BM_GenerateListOnto500(benchmark::State& state) {
         Check(state, ui);
         state.ResumeTiming();
     }
-    state.counters["current_rows"] = CurrentRows();
+    state.counters["current_rows"] = Fixture::CurrentListRows();
     state.counters["pane_rows"] = MainPanes::Instance().currentList.rowCount();
     ui.clear();
 }
@@ -129,7 +122,7 @@ void BM_DropRecipeOnList500(benchmark::State& state) {
         Check(state, ui);
         state.ResumeTiming();
     }
-    state.counters["current_rows"] = CurrentRows();
+    state.counters["current_rows"] = Fixture::CurrentListRows();
     state.counters["pane_rows"] = MainPanes::Instance().currentList.rowCount();
     ui.clear();
 }

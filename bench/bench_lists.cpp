@@ -43,13 +43,6 @@ void OpenHousehold(const QString& folder) {
     }
 }
 
-int CurrentRows() {
-    Recordset rs;
-    rs.Open("SELECT COUNT(*) AS n FROM ShopList WHERE [IsCurrent] = True", ConnectionMain(), adOpenStatic,
-            adLockReadOnly);
-    return rs.Field("n").toInt();
-}
-
 // The first current row of the household's last list, whose quantity each
 // run puts back to "2" so that every merge joins the same texts.
 struct Target {
@@ -94,7 +87,7 @@ void BM_AddItemMerge(benchmark::State& state) {
         state.ResumeTiming();
         if (shop.AddItem()) state.SkipWithError("the item was added, not merged");
     }
-    state.counters["current_rows"] = CurrentRows();
+    state.counters["current_rows"] = Fixture::CurrentListRows();
     Fixture::CheckQuiet(state);
 }
 BENCHMARK(BM_AddItemMerge)->Unit(benchmark::kMillisecond);
@@ -113,7 +106,7 @@ void BM_AddItemNewRow(benchmark::State& state) {
         state.ResumeTiming();
         if (!shop.AddItem()) state.SkipWithError("no row was added");
     }
-    state.counters["current_rows"] = CurrentRows();
+    state.counters["current_rows"] = Fixture::CurrentListRows();
     Fixture::CheckQuiet(state);
 }
 BENCHMARK(BM_AddItemNewRow)->Unit(benchmark::kMillisecond);
@@ -133,7 +126,7 @@ void BM_MarkListForStore500(benchmark::State& state) {
         state.counters["boxes"] = ui.count();
         state.ResumeTiming();
     }
-    state.counters["current_rows"] = CurrentRows();
+    state.counters["current_rows"] = Fixture::CurrentListRows();
     ui.clear();
 }
 BENCHMARK(BM_MarkListForStore500)->Unit(benchmark::kMillisecond);
