@@ -15,6 +15,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -95,7 +96,10 @@ frmDelivery::frmDelivery(QWidget* parent) : QDialog(parent) {
     auto* valueRow = new QHBoxLayout;
     valueRow->addWidget(txtValue, 1);
     valueRow->addWidget(chkCarryOut);
-    form->addRow(QStringLiteral("&Value:"), valueRow);
+    // A row that is a layout gets no buddy of its own, so the mnemonic needs one.
+    auto* valueLabel = new QLabel(QStringLiteral("&Value:"), this);
+    valueLabel->setBuddy(txtValue);
+    form->addRow(valueLabel, valueRow);
     auto* expiryRow = new QHBoxLayout;
     expiryRow->addWidget(dtpExpiration, 1);
     expiryRow->addWidget(cmdExpiration);
@@ -142,11 +146,11 @@ frmDelivery::frmDelivery(QWidget* parent) : QDialog(parent) {
     connect(cmdClose, &QPushButton::clicked, this, &frmDelivery::cmdClose_Click);
     connect(txtValue, &QLineEdit::editingFinished, this, &frmDelivery::txtValue_LostFocus);
 
-    resize(640, 460);
+    resize(680, 460);
     LoadDeliveryCoupons();
     for (int c = colType; c <= colExpiration; ++c) lvDeliveryCoupons->resizeColumnToContents(c);
-    for (int c = colType; c <= colItem; ++c)
-        lvDeliveryCoupons->setColumnWidth(c, qMax(lvDeliveryCoupons->columnWidth(c) + 16, 110));
+    for (int c = colType; c <= colExpiration; ++c)
+        lvDeliveryCoupons->setColumnWidth(c, qMax(lvDeliveryCoupons->columnWidth(c) + 16, c <= colItem ? 110 : 70));
 }
 
 int frmDelivery::UnsavedCount() const {
