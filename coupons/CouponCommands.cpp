@@ -1,11 +1,14 @@
 #include "coupons/CouponCommands.h"
 
 #include "core/CommandRegistry.h"
+#include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "coupons/clsCoupon.h"
+#include "coupons/frmDelivery.h"
 #include "platform/Ui.h"
 
 #include <QStandardItem>
+#include <memory>
 
 namespace CouponCommands {
 
@@ -24,8 +27,14 @@ void mnuPOPDeleteCoupon_Click() {
     panes.Remove(panes.coupons, node);
 }
 
+void mnuDelivery_Click() {
+    std::unique_ptr<QDialog> form(new frmDelivery(MainWindow()));
+    TheUi().ShowModal(form.get());
+}
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuPOPDeleteCoupon"), mnuPOPDeleteCoupon_Click);
+    commands.Add(QStringLiteral("mnuDelivery"), mnuDelivery_Click);
 }
 
 }  // namespace CouponCommands

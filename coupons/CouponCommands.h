@@ -7,4 +7,5 @@ namespace CouponCommands {
 void Register(CommandRegistry& commands);
 
 void mnuPOPDeleteCoupon_Click();
+void mnuDelivery_Click();
 }  // namespace CouponCommands
