@@ -27,7 +27,7 @@ frmNewBarcode::frmNewBarcode(QWidget* parent) : QDialog(parent) {
     txtBarcode->installEventFilter(this);
     picBarcode = new QLabel(this);
     picBarcode->setObjectName(QStringLiteral("picBarcode"));
-    picBarcode->setFixedSize(240, 80);
+    picBarcode->setFixedSize(380, 80);  // twelve digits at two pixels a narrow bar
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setEnabled(false);
