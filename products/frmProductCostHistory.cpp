@@ -5,6 +5,7 @@
 #include "core/Globals.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
+#include "core/modBarcode.h"
 #include "core/modVerify.h"
 #include "platform/Clock.h"
 #include "platform/Recordset.h"
@@ -93,11 +94,12 @@ void frmProductCostHistory::Build() {
     filters->setColumnStretch(3, 1);
     filters->setColumnStretch(5, 1);
 
-    // The barcode is drawn into this frame; until then it only marks the place.
+    // Wide enough for a manufacturer's and a family's five digits at two pixels
+    // a narrow bar.
     picBarcode = new QLabel(this);
     picBarcode->setObjectName(QStringLiteral("picBarcode"));
     picBarcode->setFrameShape(QFrame::StyledPanel);
-    picBarcode->setFixedSize(200, 80);
+    picBarcode->setFixedSize(330, 80);
     auto* barcodeBox = new QGroupBox(QStringLiteral("Barcode"), this);
     auto* barcodeLayout = new QVBoxLayout(barcodeBox);
     barcodeLayout->addWidget(picBarcode, 0, Qt::AlignHCenter);
@@ -278,6 +280,7 @@ QString frmProductCostHistory::DrawProductBarcode(const QString& manufacturer, c
            ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
     if (!r.IsEOF()) family = TextOf(r.Field(QStringLiteral("UPC_Family"))).trimmed();
     barcodeText_ = number.isEmpty() && family.isEmpty() ? QStringLiteral("1234567890") : number + family;
+    DrawBarcode(barcodeText_, picBarcode);
     return barcodeText_;
 }
 
@@ -410,8 +413,9 @@ void frmProductCostHistory::Chart(const QString& sql, const QString& title) {
 
 void frmProductCostHistory::SaveChart() {
     Trap(QStringLiteral("frmProductCostHistory.SaveChart"), [&] {
-        const QString file = TheUi().SaveFileName(QStringLiteral("Save Chart As"), QDir::tempPath(),
-                                                  QStringLiteral("Windows Bitmaps (*.bmp);;PNG Pictures (*.png)"), false);
+        const QString file =
+            TheUi().SaveFileName(QStringLiteral("Save Chart As"), QDir::tempPath(),
+                                 QStringLiteral("Windows Bitmaps (*.bmp);;PNG Pictures (*.png)"), false);
         if (file.isEmpty()) return;
         if (QFileInfo::exists(file) && MsgBox(file + QStringLiteral(" already exists, Over-write?"),
                                               Box::YesNo + Box::Question, QStringLiteral("Over-write")) != Answer::Yes)

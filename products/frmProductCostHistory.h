@@ -62,8 +62,8 @@ public Q_SLOTS:
     // The product names of the chosen manufacturer, or of every one.
     void LoadProducts();
     void SaveChart();
-    // The barcode text for a product: the manufacturer's code and the product's
-    // family code, or a sample when neither is on file.
+    // Draws the product's barcode: the manufacturer's code and the product's
+    // family code, or a sample when neither is on file. Returns its text.
     QString DrawProductBarcode(const QString& manufacturer, const QString& productName);
 
 public:

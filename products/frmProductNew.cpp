@@ -2,6 +2,9 @@
 
 #include "core/Globals.h"
 #include "core/Values.h"
+#include "core/modBarcode.h"
+#include "core/modVerify.h"
+#include "coupons/frmNewBarcode.h"
 #include "platform/Clock.h"
 #include "platform/Recordset.h"
 #include "platform/Ui.h"
@@ -86,9 +89,8 @@ frmProductNew::frmProductNew(QWidget* parent) : QDialog(parent) {
     chkCreateInventory = check(QStringLiteral("chkCreateInventory"), QStringLiteral("Add to Inventory"));
     chkAddIsleInformation = check(QStringLiteral("chkAddIsleInformation"), QStringLiteral("Add Isle information"));
     chkGetItemBarcode = check(QStringLiteral("chkGetItemBarcode"), QStringLiteral("Get the Item's barcode"));
-    // Their screens are not part of the program yet.
+    // Its screen is not part of the program yet.
     chkAddIsleInformation->setEnabled(false);
-    chkGetItemBarcode->setEnabled(false);
 
     auto* form = new QFormLayout;
     form->addRow(QStringLiteral("Product:"), txtProduct);
@@ -126,6 +128,7 @@ frmProductNew::frmProductNew(QWidget* parent) : QDialog(parent) {
     connect(cmdAddProduct, &QPushButton::clicked, this, &frmProductNew::cmdAddProduct_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCalculator, &QPushButton::clicked, this, &frmProductNew::cmdCalculator_Click);
+    connect(chkGetItemBarcode, &QCheckBox::toggled, this, &frmProductNew::chkGetItemBarcode_Click);
     for (QWidget* w :
          {static_cast<QWidget*>(cboManufacturer), static_cast<QWidget*>(cboStore), static_cast<QWidget*>(txtCost)})
         w->installEventFilter(this);
@@ -211,7 +214,7 @@ void frmProductNew::cmdAddProduct_Click() {
     const QString manufacturer =
         Chosen(cboManufacturer) ? cboManufacturer->currentText().trimmed() : QStringLiteral("Any");
     const QString category = Chosen(cboCategory) ? cboCategory->currentText().trimmed() : QString();
-    const QString barcode = QStringLiteral("0");
+    const QString barcode = barcode_;
 
     clsProduct product;
     const qint32 id = product.WriteNew(manufacturer, name, category, txtSize->text().trimmed(), chkLookout->isChecked(),
@@ -247,6 +250,23 @@ void frmProductNew::ClearEntry() {
     for (QCheckBox* box : {chkLookout, chkIsFoodItem, chkCreateInventory, chkAddIsleInformation, chkGetItemBarcode})
         box->setChecked(false);
     txtProduct->setFocus();
+}
+
+void frmProductNew::chkGetItemBarcode_Click(bool ticked) {
+    if (!ticked) {
+        barcode_ = QStringLiteral("0");
+        return;
+    }
+    const QString entered = frmNewBarcode::GetItemBarcode(QString());
+    if (entered.isEmpty()) {
+        chkGetItemBarcode->setChecked(false);
+        return;
+    }
+    barcode_ = entered;
+    // The manufacturer's number is the tail of its UPC number.
+    Fill(cboManufacturer, QStringLiteral("SELECT * FROM Manufacturer WHERE [UPC_Number] LIKE ") +
+                              SqlText(QStringLiteral("%") + GetManufacturerCode(entered)));
+    if (cboManufacturer->count() > 1) cboManufacturer->setCurrentIndex(1);
 }
 
 void frmProductNew::cmdCalculator_Click() { Calculator::Start(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
 
 class QCheckBox;
 class QComboBox;
@@ -39,6 +40,9 @@ public Q_SLOTS:
     bool txtCost_Validate();
     void cmdAddProduct_Click();
     void cmdCalculator_Click();
+    // Ticked: asks for the barcode and offers the manufacturers it names.
+    // Unticked: the product has no barcode ("0").
+    void chkGetItemBarcode_Click(bool ticked);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,4 +51,6 @@ private:
     static bool Chosen(const QComboBox* box);
     static void AddOnce(QComboBox* box, const QString& text);
     void ClearEntry();
+
+    QString barcode_ = QStringLiteral("0");
 };

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTest>
 #include <QTreeWidget>
 
 class ProductScreensTest : public LarderTest {
@@ -71,6 +72,43 @@ TEST_F(ProductScreensTest, EntryChecksTheCostAndMakesNewNamesKnown) {
                   rows::Column("SELECT * FROM Product WHERE [Name] = 'Salt'", "Cost"),
               QStringList({"Any", "0"}));
     EXPECT_EQ(rows::Count("SELECT * FROM SpendHistory"), 1);
+}
+
+TEST_F(ProductScreensTest, TheItemBarcodeIsScannedAndOffersTheManufacturersEndingInItsCode) {
+    rows::Add("Manufacturer", {{"Name", "Acme"}, {"UPC_Number", "0041234"}});
+    rows::Add("Manufacturer", {{"Name", "Inside"}, {"UPC_Number", "412349"}});  // holds the code, does not end in it
+    frmProductNew form;
+    auto enter = [this](const QString& typed) {
+        ui.answerModal([typed](QDialog* d) {
+            auto* field = d->findChild<QLineEdit*>("txtBarcode");
+            field->setText(typed);
+            QTest::keyClick(field, typed.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+            return d->result();
+        });
+    };
+
+    // Cancelled: the box does not stay ticked and the product has no barcode.
+    enter("");
+    form.chkGetItemBarcode->click();
+    EXPECT_FALSE(form.chkGetItemBarcode->isChecked());
+
+    enter("041234567890");
+    form.chkGetItemBarcode->click();
+    EXPECT_TRUE(form.chkGetItemBarcode->isChecked());
+    QStringList offered;
+    for (int i = 0; i < form.cboManufacturer->count(); ++i) offered << form.cboManufacturer->itemText(i);
+    EXPECT_EQ(offered, QStringList({"<Enter or Select>", "Acme"}));
+    form.txtProduct->setText("Soup");
+    form.cmdAddProduct->click();
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Soup'", "Barcode"), QStringList({"041234567890"}));
+
+    // Ticked then unticked: "0".
+    enter("041234567890");
+    form.chkGetItemBarcode->click();
+    form.chkGetItemBarcode->click();
+    form.txtProduct->setText("Bread");
+    form.cmdAddProduct->click();
+    EXPECT_EQ(rows::Column("SELECT * FROM Product WHERE [Name] = 'Bread'", "Barcode"), QStringList({"0"}));
 }
 
 TEST_F(ProductScreensTest, StoresAndManufacturersThatShareANameAreOffered) {
