@@ -62,7 +62,7 @@ bool AmountOf(QString text, QString& amount) {
 
 }  // namespace
 
-frmDelivery::frmDelivery(QWidget* parent) : QDialog(parent) {
+frmDelivery::frmDelivery(QWidget* parent) : GuardedDialog(parent) {
     setObjectName(QStringLiteral("frmDelivery"));
     setWindowTitle(QStringLiteral("Delivery Coupons"));
 
@@ -282,7 +282,6 @@ void frmDelivery::cmdApply_Click() { SaveDeliveryCoupons(); }
 void frmDelivery::cmdSave_Click() {
     // A line the table refused keeps the screen open rather than being dropped.
     if (!SaveDeliveryCoupons()) return;
-    closing_ = true;
     accept();
 }
 
@@ -292,26 +291,4 @@ bool frmDelivery::MayClose() {
                   Box::YesNo + Box::Question, QStringLiteral("Continue")) == Answer::Yes;
 }
 
-void frmDelivery::cmdClose_Click() {
-    if (!MayClose()) return;
-    closing_ = true;
-    QDialog::reject();
-}
-
-void frmDelivery::reject() {
-    if (closing_) {
-        QDialog::reject();
-        return;
-    }
-    cmdClose_Click();
-}
-
-void frmDelivery::closeEvent(QCloseEvent* event) {
-    if (closing_ || MayClose()) {
-        closing_ = true;
-        event->accept();
-        QDialog::reject();
-        return;
-    }
-    event->ignore();
-}
+void frmDelivery::cmdClose_Click() { CloseChecked(); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "core/GuardedDialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -13,7 +13,7 @@ class QTreeWidgetItem;
 // The delivery coupons as a working list: lines are added and removed in
 // memory, and only the lines not yet written ("Unsaved") go to the table on
 // Apply or Save.
-class frmDelivery : public QDialog {
+class frmDelivery : public GuardedDialog {
     Q_OBJECT
 public:
     explicit frmDelivery(QWidget* parent = nullptr);
@@ -51,11 +51,8 @@ public Q_SLOTS:
     void txtValue_LostFocus();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
+    bool MayClose() override;
 
 private:
-    bool MayClose();
     void AddLine(const QStringList& cells, bool carryOut, const QString& state);
-    bool closing_ = false;
 };

@@ -50,7 +50,7 @@ int CountOf(const QString& sql) {
 
 }  // namespace
 
-frmShoppingList::frmShoppingList(QWidget* parent) : QDialog(parent) {
+frmShoppingList::frmShoppingList(QWidget* parent) : GuardedDialog(parent) {
     setObjectName(QStringLiteral("frmShoppingList"));
     setWindowTitle(QStringLiteral("Shopping List"));
     setSizeGripEnabled(true);
@@ -348,28 +348,6 @@ bool frmShoppingList::MayClose() {
     return Response == Answer::Yes;
 }
 
-void frmShoppingList::cmdClose_Click() {
-    if (!MayClose()) return;
-    FormClosing = true;
-    closing_ = true;
-    QDialog::reject();
-}
+void frmShoppingList::cmdClose_Click() { CloseChecked(); }
 
-void frmShoppingList::reject() {
-    // Escape takes the same way out as Close.
-    if (closing_) {
-        QDialog::reject();
-        return;
-    }
-    cmdClose_Click();
-}
-
-void frmShoppingList::closeEvent(QCloseEvent* event) {
-    if (closing_ || MayClose()) {
-        closing_ = true;
-        event->accept();
-        QDialog::closeEvent(event);
-        return;
-    }
-    event->ignore();
-}
+void frmShoppingList::Closing() { FormClosing = true; }

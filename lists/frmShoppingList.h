@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "core/GuardedDialog.h"
+
 #include <QString>
 
 class QCloseEvent;
@@ -14,7 +15,7 @@ class QTreeWidget;
 // The screen on which one list is built and changed. Its lines are a scratch
 // copy: nothing reaches ShopList until SaveList, which throws the list's old
 // rows away and writes the lines anew.
-class frmShoppingList : public QDialog {
+class frmShoppingList : public GuardedDialog {
     Q_OBJECT
 public:
     explicit frmShoppingList(QWidget* parent = nullptr);
@@ -57,16 +58,15 @@ public Q_SLOTS:
     void cmdRemove_Click();
     void cmdSaveList_Click();
     void cmdClose_Click();
-    void reject() override;
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    bool MayClose() override;
+    void Closing() override;
 
 private:
     void LoadRecipe(const QString& title);
     // Reserves the coupons that fit a saved line for `owner`; "" frees them.
     void UpdateCoupons(const QString& manufacturer, const QString& item, const QString& size, const QString& owner);
-    bool MayClose();
     void SetChanged(bool changed);
     void RefreshStatus();
 
@@ -74,7 +74,6 @@ private:
     QString currentListDate_;
     bool changed_ = false;
     bool saved_ = false;
-    bool closing_ = false;
     // The meal whose courses are being imported; a recipe it names that is
     // gone may be taken off it.
     QString importingMeal_;
