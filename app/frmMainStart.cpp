@@ -21,6 +21,7 @@
 #include "platform/Recordset.h"
 #include "platform/SettingsStore.h"
 #include "platform/Ui.h"
+#include "products/modInventory.h"
 #include "products/clsSpendHistory.h"
 
 #include <QApplication>
@@ -343,7 +344,7 @@ void frmMain::Form_Unload() {
 }
 
 // Routines of other parts of the program, filled in as those arrive.
-void frmMain::RemoveExpiredItems() {}
+void frmMain::RemoveExpiredItems() { modInventory::RemoveExpiredItems(); }
 void frmMain::mnuCheckForUpdates_Click() {}
 void frmMain::ShowTip() {}
 void frmMain::ShowPurge() {}
