@@ -21,33 +21,22 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QFile>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
-#include <QStandardItemModel>
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QStandardItem>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 
 const QString kWhere = QStringLiteral("frmAllCoupons.ButtonClick");
-
-// A cell that sorts by its sort key when it has one (numbers before words),
-// otherwise by its text without regard to case.
-class Cell : public QStandardItem {
-public:
-    explicit Cell(const QString& text) : QStandardItem(text) {}
-    bool operator<(const QStandardItem& other) const override {
-        const QVariant a = data(frmAllCoupons::SortKeyRole), b = other.data(frmAllCoupons::SortKeyRole);
-        if (!a.isValid() || !b.isValid()) return text().compare(other.text(), Qt::CaseInsensitive) < 0;
-        const bool an = a.typeId() == QMetaType::Double, bn = b.typeId() == QMetaType::Double;
-        if (an && bn) return a.toDouble() < b.toDouble();
-        if (an != bn) return an;
-        return a.toString().compare(b.toString(), Qt::CaseInsensitive) < 0;
-    }
-};
 
 // A number sorts as a number, anything else as its text.
 QVariant SortKey(const QString& text) {
@@ -73,6 +62,113 @@ QString SelectFor(int kind, const QString& value) {
 }
 
 }  // namespace
+
+// The coupon list's lines, one small record each rather than an object per
+// cell, so that thousands of coupons are read, shown, sorted and dropped fast.
+class CouponLines : public QAbstractTableModel {
+public:
+    struct Line {
+        QString cells[frmAllCoupons::ColumnCount];
+        qint32 id = 0;
+        QVariant stored;       // the value as the table holds it
+        QVariant quantityKey;  // what the quantity and value sort by
+        QVariant valueKey;
+        QString expirationKey;  // the stored date text: dates in order, words after
+    };
+
+    CouponLines(QObject* parent) : QAbstractTableModel(parent), icon_(PaneIcon(QStringLiteral("Coupon"))) {}
+
+    void Reset(QList<Line>&& lines) {
+        beginResetModel();
+        lines_ = std::move(lines);
+        endResetModel();
+    }
+    const Line& At(int row) const { return lines_.at(row); }
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override {
+        return parent.isValid() ? 0 : int(lines_.size());
+    }
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override {
+        return parent.isValid() ? 0 : frmAllCoupons::ColumnCount;
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (!index.isValid() || index.row() >= lines_.size()) return {};
+        const Line& line = lines_.at(index.row());
+        const int c = index.column();
+        switch (role) {
+        case Qt::DisplayRole:
+            return line.cells[c];
+        case Qt::DecorationRole:
+            return c == frmAllCoupons::colManufacturer ? QVariant(icon_) : QVariant();
+        case Qt::TextAlignmentRole:
+            return c == frmAllCoupons::colQuantity || c == frmAllCoupons::colValue
+                       ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter))
+                       : QVariant();
+        case frmAllCoupons::IDRole:
+            return line.id;
+        case frmAllCoupons::RawValueRole:
+            return line.stored;
+        default:
+            return {};
+        }
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        static const char* const headers[] = {"Manufacturer", "Product",    "Size",     "Quantity", "Value",
+                                              "Double",       "Expiration", "Category", "Store"};
+        if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+            section >= frmAllCoupons::ColumnCount)
+            return QAbstractTableModel::headerData(section, orientation, role);
+        return QString::fromLatin1(headers[section]);
+    }
+    bool removeRows(int row, int count, const QModelIndex& parent = QModelIndex()) override {
+        if (parent.isValid() || row < 0 || count <= 0 || row + count > lines_.size()) return false;
+        beginRemoveRows(parent, row, row + count - 1);
+        lines_.remove(row, count);
+        endRemoveRows();
+        return true;
+    }
+    void sort(int column, Qt::SortOrder order) override {
+        if (column < 0 || column >= frmAllCoupons::ColumnCount) return;
+        Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+        // The selection and the current line follow their coupon.
+        const QModelIndexList before = persistentIndexList();
+        QList<qint32> ids;
+        for (const QModelIndex& i : before) ids << lines_.at(i.row()).id;
+        std::stable_sort(lines_.begin(), lines_.end(), [&](const Line& a, const Line& b) {
+            return order == Qt::AscendingOrder ? Less(a, b, column) : Less(b, a, column);
+        });
+        QHash<qint32, int> rowOf;
+        for (int r = 0; r < lines_.size(); ++r) rowOf.insert(lines_.at(r).id, r);
+        QModelIndexList after;
+        for (int i = 0; i < before.size(); ++i) after << index(rowOf.value(ids[i]), before[i].column());
+        changePersistentIndexList(before, after);
+        Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    }
+
+private:
+    // Numbers before words; words and names without regard to case.
+    static bool KeyLess(const QVariant& a, const QVariant& b) {
+        const bool an = a.typeId() == QMetaType::Double, bn = b.typeId() == QMetaType::Double;
+        if (an && bn) return a.toDouble() < b.toDouble();
+        if (an != bn) return an;
+        return a.toString().compare(b.toString(), Qt::CaseInsensitive) < 0;
+    }
+    static bool Less(const Line& a, const Line& b, int column) {
+        switch (column) {
+        case frmAllCoupons::colQuantity:
+            return KeyLess(a.quantityKey, b.quantityKey);
+        case frmAllCoupons::colValue:
+            return KeyLess(a.valueKey, b.valueKey);
+        case frmAllCoupons::colExpiration:
+            return a.expirationKey.compare(b.expirationKey, Qt::CaseInsensitive) < 0;
+        default:
+            return a.cells[column].compare(b.cells[column], Qt::CaseInsensitive) < 0;
+        }
+    }
+
+    QList<Line> lines_;
+    QIcon icon_;
+};
 
 bool frmAllCoupons::Doubled(const QString& discountDouble) {
     const QString text = discountDouble.trimmed();
@@ -144,8 +240,8 @@ frmAllCoupons::frmAllCoupons(QWidget* parent) : QDialog(parent) {
 
     connect(lvCoupons, &QAbstractItemView::doubleClicked, this, &frmAllCoupons::EditCoupon);
 
-    model_ = new QStandardItemModel(0, ColumnCount, this);
-    lvCoupons->setModel(model_);
+    lines_ = new CouponLines(this);
+    lvCoupons->setModel(lines_);
     ShowStatus();
     resize(860, 480);
     RestoreFormPosition(this);
@@ -159,7 +255,9 @@ QAction* frmAllCoupons::AddButton(const QString& key, const QString& caption, co
     return action;
 }
 
-int frmAllCoupons::CouponCount() const { return model_->rowCount(); }
+int frmAllCoupons::CouponCount() const { return lines_->rowCount(); }
+
+QAbstractItemModel* frmAllCoupons::Model() const { return lines_; }
 
 void frmAllCoupons::ShowStatus() {
     pnlCount->setText(QStringLiteral("Coupon Count: ") + QString::number(CouponCount()));
@@ -174,61 +272,53 @@ void frmAllCoupons::LoadCoupons(int filterKind, const QString& value) {
 
     // The lines are built before the list sees them, so the view lays out
     // once however many coupons there are.
-    auto* model = new QStandardItemModel(0, ColumnCount, this);
-    model->setHorizontalHeaderLabels({QStringLiteral("Manufacturer"), QStringLiteral("Product"),
-                                      QStringLiteral("Size"), QStringLiteral("Quantity"), QStringLiteral("Value"),
-                                      QStringLiteral("Double"), QStringLiteral("Expiration"),
-                                      QStringLiteral("Category"), QStringLiteral("Store")});
+    QList<CouponLines::Line> lines;
     total_ = Currency();
     QStringList widest(ColumnCount);
     QString failure;
+    // Coupons share a handful of values and dates: each is formatted once.
+    QHash<QString, QString> shownValue, shownDate;
+    const auto shown = [](QHash<QString, QString>& seen, const QString& text, const QString& pattern) {
+        auto it = seen.constFind(text);
+        if (it == seen.constEnd()) it = seen.insert(text, Format(QVariant(text), pattern));
+        return *it;
+    };
     try {
-        const QIcon icon = PaneIcon(QStringLiteral("Coupon"));
-        const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
         Recordset rs;
         rs.Open(SelectFor(filterKind, value), ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
         for (; !rs.IsEOF(); rs.MoveNext()) {
-            const QVariant stored = rs.Field(QStringLiteral("Value"));
+            CouponLines::Line line;
+            line.stored = rs.Field(QStringLiteral("Value"));
             // A value that is not an amount ("Free") cannot be added: the load
             // ends there, with the lines and the total before it.
-            const Currency total = CCur(LooseAdd(QVariant::fromValue(total_), stored));
+            const Currency total = CCur(LooseAdd(QVariant::fromValue(total_), line.stored));
             const QString quantity = TextOf(rs.Field(QStringLiteral("Quantity")));
-            const QString expiration = TextOf(rs.Field(QStringLiteral("Expiration")));
-            const qint32 id = CLng(rs.Field(QStringLiteral("ID")));
-            QList<QStandardItem*> cells = {
-                new Cell(TextOf(rs.Field(QStringLiteral("Manufacturer")))),
-                new Cell(TextOf(rs.Field(QStringLiteral("Product")))),
-                new Cell(TextOf(rs.Field(QStringLiteral("Size")))),
-                new Cell(quantity.rightJustified(3, QLatin1Char(' '))),
-                new Cell(Format(stored, QStringLiteral("$#0.00"))),
-                new Cell(Doubled(TextOf(rs.Field(QStringLiteral("DiscountDouble")))) ? QStringLiteral("Yes")
-                                                                                      : QStringLiteral("No")),
-                new Cell(Format(QVariant(expiration), QStringLiteral("mm/dd/yyyy"))),
-                new Cell(TextOf(rs.Field(QStringLiteral("Category")))),
-                new Cell(TextOf(rs.Field(QStringLiteral("Store")))),
-            };
-            cells[colManufacturer]->setIcon(icon);
-            cells[colManufacturer]->setData(id, IDRole);
-            cells[colQuantity]->setData(SortKey(quantity), SortKeyRole);
-            cells[colQuantity]->setTextAlignment(right);
-            cells[colValue]->setData(stored, RawValueRole);
-            cells[colValue]->setData(SortKey(TextOf(stored)), SortKeyRole);
-            cells[colValue]->setTextAlignment(right);
-            // Dates sort as stored, every word after every date.
-            cells[colExpiration]->setData(expiration, SortKeyRole);
+            const QString stored = TextOf(line.stored);
+            line.expirationKey = TextOf(rs.Field(QStringLiteral("Expiration")));
+            line.id = CLng(rs.Field(QStringLiteral("ID")));
+            line.quantityKey = SortKey(quantity);
+            line.valueKey = SortKey(stored);
+            QString* cells = line.cells;
+            cells[colManufacturer] = TextOf(rs.Field(QStringLiteral("Manufacturer")));
+            cells[colProduct] = TextOf(rs.Field(QStringLiteral("Product")));
+            cells[colSize] = TextOf(rs.Field(QStringLiteral("Size")));
+            cells[colQuantity] = quantity.rightJustified(3, QLatin1Char(' '));
+            cells[colValue] = line.stored.isNull() ? QString() : shown(shownValue, stored, QStringLiteral("$#0.00"));
+            cells[colDouble] = Doubled(TextOf(rs.Field(QStringLiteral("DiscountDouble")))) ? QStringLiteral("Yes")
+                                                                                          : QStringLiteral("No");
+            cells[colExpiration] = shown(shownDate, line.expirationKey, QStringLiteral("mm/dd/yyyy"));
+            cells[colCategory] = TextOf(rs.Field(QStringLiteral("Category")));
+            cells[colStore] = TextOf(rs.Field(QStringLiteral("Store")));
             for (int c = 0; c < ColumnCount; ++c)
-                if (cells[c]->text().size() > widest[c].size()) widest[c] = cells[c]->text();
-            model->appendRow(cells);
+                if (cells[c].size() > widest[c].size()) widest[c] = cells[c];
+            lines.append(std::move(line));
             total_ = total;
         }
     } catch (const std::exception& e) {
         failure = ErrorDescription(e);
     }
 
-    QStandardItemModel* old = model_;
-    model_ = model;
-    lvCoupons->setModel(model_);
-    delete old;
+    lines_->Reset(std::move(lines));
     lvCoupons->Resort();
     SizeColumns(widest);
     ShowStatus();
@@ -239,7 +329,7 @@ void frmAllCoupons::LoadCoupons(int filterKind, const QString& value) {
 void frmAllCoupons::SizeColumns(const QStringList& widest) {
     const QFontMetrics metrics(lvCoupons->font());
     for (int c = 0; c < ColumnCount; ++c) {
-        const QString header = model_->headerData(c, Qt::Horizontal).toString();
+        const QString header = lines_->headerData(c, Qt::Horizontal, Qt::DisplayRole).toString();
         int width = qMax(metrics.horizontalAdvance(header), metrics.horizontalAdvance(widest.value(c))) + 24;
         if (c == colManufacturer) width += lvCoupons->iconSize().width() + 8;
         lvCoupons->header()->resizeSection(c, qMin(width, 320));
@@ -280,18 +370,18 @@ void frmAllCoupons::DeleteCoupon() {
     const QModelIndex current = lvCoupons->currentIndex();
     if (!current.isValid()) return;
     const int row = current.row();
-    QStandardItem* first = model_->item(row, colManufacturer);
-    if (MsgBox(QStringLiteral("Do you want to delete ") + first->text() + QStringLiteral("'s ") +
-                   model_->item(row, colProduct)->text() + QStringLiteral(" ?"),
+    const CouponLines::Line& line = lines_->At(row);
+    if (MsgBox(QStringLiteral("Do you want to delete ") + line.cells[colManufacturer] + QStringLiteral("'s ") +
+                   line.cells[colProduct] + QStringLiteral(" ?"),
                Box::YesNo + Box::Question, QStringLiteral("Delete Coupon")) != Answer::Yes)
         return;
-    const qint32 id = first->data(IDRole).toInt();
-    const QVariant stored = model_->item(row, colValue)->data(RawValueRole);
+    const qint32 id = line.id;
+    const QVariant stored = line.stored;
     clsCoupon().DeleteCoupon(id, 1);
     MainPanes& panes = MainPanes::Instance();
     if (QStandardItem* node = panes.FindByKey(panes.coupons, QStringLiteral("C") + QString::number(id)))
         panes.Remove(panes.coupons, node);
-    model_->removeRow(row);
+    lines_->removeRow(row);
     total_ = total_ - CCur(stored);
     ShowStatus();
 }
@@ -306,7 +396,7 @@ void frmAllCoupons::EditCoupon() {
     const QModelIndex current = lvCoupons->currentIndex();
     if (!current.isValid()) return;
     frmNewCoupon form(this);
-    form.EditCoupon(model_->item(current.row(), colManufacturer)->data(IDRole).toInt());
+    form.EditCoupon(lines_->At(current.row()).id);
     TheUi().ShowModal(&form);
     if (form.SavedCount() > 0) LoadCoupons(filterKind_, filterValue_);
 }

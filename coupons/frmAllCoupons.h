@@ -8,7 +8,8 @@
 class ListView;
 class QAction;
 class QLabel;
-class QStandardItemModel;
+class QAbstractItemModel;
+class CouponLines;
 class QStatusBar;
 class QToolBar;
 
@@ -30,9 +31,8 @@ public:
         colStore,
         ColumnCount
     };
-    // Data roles of a line's cells: the coupon's ID (first cell), the value as
-    // stored (value cell), and what a column sorts by when not its text.
-    enum Role { IDRole = Qt::UserRole + 1, RawValueRole, SortKeyRole };
+    // Data roles of a line's cells: the coupon's ID and its value as stored.
+    enum Role { IDRole = Qt::UserRole + 1, RawValueRole };
 
     explicit frmAllCoupons(QWidget* parent = nullptr);
 
@@ -45,7 +45,8 @@ public:
     // DiscountDouble read as a truth value: a number other than 0, or "True".
     static bool Doubled(const QString& discountDouble);
     Currency TotalValue() const { return total_; }
-    QStandardItemModel* Model() const { return model_; }
+    // The lines as the list shows them.
+    QAbstractItemModel* Model() const;
 
     QToolBar* tbMain;
     ListView* lvCoupons;
@@ -70,7 +71,7 @@ private:
     void ShowStatus();
     void SizeColumns(const QStringList& widest);
 
-    QStandardItemModel* model_ = nullptr;
+    CouponLines* lines_ = nullptr;
     Currency total_;
     int filterKind_ = 0;
     QString filterValue_;
