@@ -19,7 +19,7 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QCloseEvent>
+#include <QHideEvent>
 #include <QFile>
 #include <QHash>
 #include <QHeaderView>
@@ -413,8 +413,9 @@ void frmAllCoupons::showEvent(QShowEvent* event) {
     if (!loaded_) LoadCoupons();
 }
 
-void frmAllCoupons::closeEvent(QCloseEvent* event) {
+void frmAllCoupons::hideEvent(QHideEvent* event) {
+    // Escape and the Close button both end here.
     const QRect frame = frameGeometry();
     SaveFormPosition(this, frame.top(), height(), width(), frame.left());
-    QDialog::closeEvent(event);
+    QDialog::hideEvent(event);
 }

@@ -64,7 +64,7 @@ public Q_SLOTS:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     QAction* AddButton(const QString& key, const QString& caption, const QString& tip, int icon);

@@ -88,6 +88,7 @@ frmCouponFilter::frmCouponFilter(QWidget* parent) : QDialog(parent) {
             [this] { cmdOK->setEnabled(Kind() == ByExpiration || !Value().isEmpty()); });
     connect(cmdOK, &QPushButton::clicked, this, &frmCouponFilter::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    setMinimumWidth(380);
     cboReduceTable_Click();
 }
 

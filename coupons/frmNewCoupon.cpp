@@ -122,7 +122,7 @@ frmNewCoupon::frmNewCoupon(QWidget* parent) : QDialog(parent) {
     auto* sizeLabel = new QLabel(QStringLiteral("Si&ze:"), this);
     sizeLabel->setBuddy(cboSize);
     form->addRow(sizeLabel, sizeRow);
-    form->addRow(QStringLiteral("C&ategory:"), cboCouponCategory);
+    form->addRow(QStringLiteral("Cate&gory:"), cboCouponCategory);
     auto* valueRow = new QHBoxLayout;
     valueRow->addWidget(cboCouponValue, 1);
     valueRow->addWidget(chkDiscountDouble);
@@ -132,7 +132,7 @@ frmNewCoupon::frmNewCoupon(QWidget* parent) : QDialog(parent) {
     auto* expiryRow = new QHBoxLayout;
     expiryRow->addWidget(dtpExpiration, 1);
     expiryRow->addWidget(cmdNeverExpires);
-    auto* expiryLabel = new QLabel(QStringLiteral("Expi&res:"), this);
+    auto* expiryLabel = new QLabel(QStringLiteral("E&xpires:"), this);
     expiryLabel->setBuddy(dtpExpiration);
     form->addRow(expiryLabel, expiryRow);
     auto* storeRow = new QHBoxLayout;
@@ -158,7 +158,7 @@ frmNewCoupon::frmNewCoupon(QWidget* parent) : QDialog(parent) {
     tbNotes->AddButton(QStringLiteral("Delete"), QStringLiteral("Delete"));
     auto* notesLayout = new QVBoxLayout(notesPage);
     notesLayout->setContentsMargins(0, 0, 0, 0);
-    notesLayout->addWidget(new QLabel(QStringLiteral("Notes on this coupon, for you while you enter it:"), notesPage));
+    notesLayout->addWidget(new QLabel(QStringLiteral("Notes (for you while you enter coupons; they are not kept):"), notesPage));
     notesLayout->addWidget(tbNotes);
     notesLayout->addWidget(txtCouponNotes, 1);
 
