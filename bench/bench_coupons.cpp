@@ -3,6 +3,7 @@
 #include "core/Globals.h"
 #include "core/MainPanes.h"
 #include "coupons/clsCoupon.h"
+#include "coupons/frmAllCoupons.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
 
@@ -55,5 +56,20 @@ void BM_AutoPurge1000Of5000(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_AutoPurge1000Of5000)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The full coupon list: the screen made and all 5,000 coupons listed, as the
+// person waits for it to open.
+void BM_AllCouponsList5000(benchmark::State& state) {
+    Fixture::Household();
+    int lines = 0;
+    for (auto _ : state) {
+        frmAllCoupons list;
+        list.LoadCoupons();
+        lines = list.CouponCount();
+    }
+    state.counters["lines"] = lines;
+    Fixture::CheckQuiet(state);
+}
+BENCHMARK(BM_AllCouponsList5000)->Name("frmAllCoupons over 5,000 coupons")->Unit(benchmark::kMillisecond);
 
 }  // namespace
