@@ -22,6 +22,13 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+namespace {
+
+// An amount shows as money; an offer ("Buy one, get one free") as it is written.
+const QString kMoney = QStringLiteral("$#0.00");
+
+}  // namespace
+
 frmAvailableCoupons::frmAvailableCoupons(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmAvailableCoupons"));
     setWindowTitle(QStringLiteral("Possible Coupons"));
@@ -35,7 +42,7 @@ frmAvailableCoupons::frmAvailableCoupons(QWidget* parent) : QDialog(parent) {
     lvCoupons->setUniformRowHeights(true);
     lvCoupons->setAlternatingRowColors(true);
     lvCoupons->setContextMenuPolicy(Qt::CustomContextMenu);
-    lvCoupons->headerItem()->setTextAlignment(colValue, Qt::AlignRight | Qt::AlignVCenter);
+    lvCoupons->headerItem()->setTextAlignment(colValue, Qt::AlignCenter);
 
     cmdAddToList = new QPushButton(QStringLiteral("&Add to List"), this);
     cmdAddToList->setObjectName(QStringLiteral("cmdAddToList"));
@@ -91,7 +98,7 @@ QTreeWidgetItem* frmAvailableCoupons::AddLine(qint32 id, const QStringList& cell
     line->setData(colItem, Qt::UserRole, id);
     line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
     line->setCheckState(colItem, Qt::Unchecked);
-    line->setTextAlignment(colValue, Qt::AlignRight | Qt::AlignVCenter);
+    line->setTextAlignment(colValue, Qt::AlignCenter);
     return line;
 }
 
@@ -151,7 +158,7 @@ bool frmAvailableCoupons::GetRecipeCoupons(const QString& title) {
                     const QVariant expiration = rs.Field(QStringLiteral("Expiration"));
                     AddLine(id, {item, TextOf(rs.Field(QStringLiteral("Product"))),
                                  TextOf(rs.Field(QStringLiteral("Manufacturer"))),
-                                 TextOf(rs.Field(QStringLiteral("Size"))), TextOf(rs.Field(QStringLiteral("Value"))),
+                                 TextOf(rs.Field(QStringLiteral("Size"))), Format(rs.Field(QStringLiteral("Value")), kMoney),
                                  IsDate(expiration) ? Format(QVariant(CDate(expiration)), dateForm) : TextOf(expiration),
                                  TextOf(rs.Field(QStringLiteral("Store"))).trimmed()});
                 }

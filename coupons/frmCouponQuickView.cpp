@@ -93,7 +93,8 @@ void frmCouponQuickView::ShowCoupon(qint32 id) {
         const auto text = [&](const char* column) { return TextOf(rs.Field(QString::fromLatin1(column))); };
         lblProduct->setText(text("Product"));
         lblManufacturer->setText(text("Manufacturer"));
-        lblValue->setText(text("Value"));
+        // An amount shows as money; an offer as it is written.
+        lblValue->setText(Format(rs.Field(QStringLiteral("Value")), QStringLiteral("$#0.00")));
         lblQuantity->setText(text("Quantity"));
         lblSize->setText(text("Size"));
         lblCategory->setText(text("Category"));

@@ -187,7 +187,7 @@ public:
                 return index.column() == colRecipe ? QVariant(PaneIcon(QStringLiteral("Coupon"))) : QVariant();
             case Qt::UserRole: return CouponOf(index.row()).id;
             case Qt::TextAlignmentRole:
-                return index.column() == colValue ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+                return index.column() == colValue ? QVariant(Qt::AlignCenter) : QVariant();
         }
         return {};
     }
@@ -198,7 +198,7 @@ public:
                                           QStringLiteral("Expires")};
         if (orientation != Qt::Horizontal || section < 0 || section >= names.size()) return {};
         if (role == Qt::DisplayRole) return names[section];
-        if (role == Qt::TextAlignmentRole && section == colValue) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+        if (role == Qt::TextAlignmentRole && section == colValue) return QVariant(Qt::AlignCenter);
         return {};
     }
 
@@ -305,6 +305,7 @@ void frmRecipeCouponSearchResults::GetSearchResults(const QString& recipeSql, qi
     expireDays_ = expireDays;
     recipe_.clear();
     lines_->Reset();
+    pbProgress->show();
     searching_ = true;
     stopped_ = false;
     // Only Close is open to the person while the search runs.
@@ -319,6 +320,7 @@ void frmRecipeCouponSearchResults::GetSearchResults(const QString& recipeSql, qi
         QElapsedTimer clock;
         clock.start();
         qint64 lastTick = -kTickMs;
+        bool fitted = false;
         int done = 0;
         for (; !rs.IsEOF(); rs.MoveNext()) {
             const QString title = TextOf(rs.Field(QStringLiteral("Title")));
@@ -327,6 +329,10 @@ void frmRecipeCouponSearchResults::GetSearchResults(const QString& recipeSql, qi
                 lblStatus->setText(QStringLiteral("Checking ") + title + QStringLiteral(" ..."));
                 pbProgress->setValue(done);
                 lines_->ShowAvailable();
+                if (!fitted && lines_->rowCount(QModelIndex()) > 0) {
+                    FitColumns();
+                    fitted = true;
+                }
                 QCoreApplication::processEvents();
                 if (stopped_) return false;
             }
@@ -348,18 +354,24 @@ void frmRecipeCouponSearchResults::GetSearchResults(const QString& recipeSql, qi
         close();
         return;
     }
-    for (int c = colRecipe; c < colExpires; ++c) {
-        lvSearchResults->resizeColumnToContents(c);
-        lvSearchResults->setColumnWidth(c, lvSearchResults->columnWidth(c) + 12);
-    }
+    FitColumns();
     if (!finished) return;
     lblStatus->setText(QStringLiteral("Done."));
+    pbProgress->hide();
     if (lines_->Total() == 0) {
         MsgBox(QStringLiteral("No matches were found at this time. Please try after more Coupons and Recipes have been "
                               "added."),
                Box::Information, QStringLiteral("No Matches"));
         // Nothing to look at: the results go with the box.
         close();
+    }
+}
+
+void frmRecipeCouponSearchResults::FitColumns() {
+    // The lines in view decide; the last column takes what is left.
+    for (int c = colRecipe; c < colExpires; ++c) {
+        lvSearchResults->resizeColumnToContents(c);
+        lvSearchResults->setColumnWidth(c, lvSearchResults->columnWidth(c) + 12);
     }
 }
 

@@ -51,6 +51,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void FitColumns();
+
     class Lines;
     Lines* lines_;
     qint32 expireDays_ = 0;

@@ -322,8 +322,8 @@ TEST_F(CouponSearchTest, ARecipesPickListNamesEachCouponOnceWhateverWordsFoundIt
         ids << frmAvailableCoupons::CouponID(pick.lvCoupons->topLevelItem(i));
     EXPECT_EQ(ids, QList<qint32>({peanut, butter, baker}));
     const QStringList lines = views::Lines(pick.lvCoupons);
-    EXPECT_EQ(lines.value(1), "peanut butter|Butter|Land O'Lakes|12 oz|1.00|Never|");
-    EXPECT_EQ(lines.value(2), "baker's  chocolate|Baker's Chocolate|Acme|12 oz|0.50|Never|");
+    EXPECT_EQ(lines.value(1), "peanut butter|Butter|Land O'Lakes|12 oz|$1.00|Never|");
+    EXPECT_EQ(lines.value(2), "baker's  chocolate|Baker's Chocolate|Acme|12 oz|$0.50|Never|");
     EXPECT_EQ(ui.count(), 0);  // the apostrophe broke no query
 
     EXPECT_FALSE(pick.GetRecipeCoupons("Toast"));
@@ -374,7 +374,7 @@ TEST_F(CouponSearchTest, ThePopupShowsTheCardAddsTheRecipeAndOwnsUpToTheMealPlan
         return int(QDialog::Accepted);
     });
     pick.mnuDisplayCoupon->trigger();
-    EXPECT_EQ(card, QStringList({"Peanut Butter", "Jif", "0.75", "1", "12 oz", "Pantry", "Kroger",
+    EXPECT_EQ(card, QStringList({"Peanut Butter", "Jif", "$0.75", "1", "12 oz", "Pantry", "Kroger",
                                  "Friday, Dec 25 2026", "Yes", "Wallet, front pocket"}));
 
     // An expiry that is a word stands as it is; the card of a coupon gone is empty.
