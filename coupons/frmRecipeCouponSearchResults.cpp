@@ -375,16 +375,26 @@ void frmRecipeCouponSearchResults::FitColumns() {
     }
 }
 
+// Closing while the search runs (the window's close box, Escape) only stops
+// it: the search closes the screen when it sees that, since the screen must
+// outlive the search that is still using it.
 void frmRecipeCouponSearchResults::closeEvent(QCloseEvent* event) {
     if (searching_) {
-        // The search stops at its next look at the window and closes it then;
-        // the screen must outlive the search that is still using it.
         stopped_ = true;
         event->ignore();
         hide();
         return;
     }
     QDialog::closeEvent(event);
+}
+
+void frmRecipeCouponSearchResults::done(int result) {
+    if (searching_) {
+        stopped_ = true;
+        hide();
+        return;
+    }
+    QDialog::done(result);
 }
 
 void frmRecipeCouponSearchResults::lvSearchResults_ItemClick(const QModelIndex& index) {

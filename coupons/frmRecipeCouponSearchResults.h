@@ -49,6 +49,7 @@ public Q_SLOTS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void done(int result) override;
 
 private:
     void FitColumns();

@@ -218,6 +218,23 @@ TEST_F(CouponSearchTest, NoLineGivesTheNoMatchesNoticeAndABadIngredientTheErrorB
     EXPECT_NE(results->lblStatus->text(), "Done.");
 }
 
+TEST_F(CouponSearchTest, ClosingTheResultsWhileTheyAreGatheredStopsTheSearchQuietly) {
+    Coupon("Acme", "Rice");
+    RecipeWith("Soup", {"1%%cup%%water"});
+    for (const char* how : {"reject", "close"}) {
+        QPointer<frmRecipeCouponSearchResults> results = new frmRecipeCouponSearchResults;
+        results->setAttribute(Qt::WA_DeleteOnClose);
+        // Escape or the close box, taken while the search lets the window paint.
+        QMetaObject::invokeMethod(results, how, Qt::QueuedConnection);
+        results->GetSearchResults("SELECT * FROM Recipie", 0);
+        ASSERT_FALSE(results.isNull());  // the screen outlived its search
+        EXPECT_NE(results->lblStatus->text(), "Done.");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(results.isNull()) << how;
+    }
+    EXPECT_EQ(ui.count(), 0);  // no "No Matches" for a search nobody waits for
+}
+
 TEST_F(CouponSearchTest, TheToolbarAddsTheRecipeToTheDefaultListAndMayMakeThatListTheDefault) {
     Coupon("Acme", "Rice");
     RecipeWith("Pilaf", {"1%%cup%%rice", "2%%cup%%broth"});
