@@ -985,6 +985,7 @@ void frmMain::SetRecipePopup(QStandardItem* node) {
     set("mnuPOPPrintPreview", QStringLiteral("Print Preview"), recipe);
     set("mnuPOPToggleFavorite", QStringLiteral("Toggle Favorite"), recipe);
     set("mnuPOPAddRecipeToComparison", QStringLiteral("Add to Recipe Comparison"), recipe);
+    set("mnuFindRecipeCoupon", QStringLiteral("Find Coupons for Recipe"), recipe);
     set("mnuPOPExpandView", recipesExpanded_ ? QStringLiteral("Collapse View") : QStringLiteral("Expand View"), true);
     set("mnuPOPDisplayFavorites",
         recipeFilter_ == RecipeFilter::Favorites ? QStringLiteral("Display All Recipes")
@@ -1002,8 +1003,7 @@ void frmMain::SetRecipePopup(QStandardItem* node) {
 }
 
 void frmMain::SetCouponPopup(QStandardItem* node) {
-    // A coupon's manufacturer names the search; the rest of the entries wait
-    // for the coupon screens.
+    // A coupon's manufacturer names the search; the coupon entries need a coupon.
     QStandardItem* maker = node;
     if (maker && maker->parent() && maker->data(MainPanes::TagRole).toString() != QLatin1String("Manufacturer"))
         maker = maker->parent();
@@ -1015,7 +1015,8 @@ void frmMain::SetCouponPopup(QStandardItem* node) {
         menus.value(QString::fromLatin1(name))->setEnabled(isMaker);
     const bool isCoupon =
         node && node != maker && node->data(MainPanes::KeyRole).toString().startsWith(QLatin1Char('C'));
-    menus.value(QStringLiteral("mnuPOPDeleteCoupon"))->setEnabled(isCoupon);
+    for (const char* name : {"mnuPOPDisplayCoupon", "mnuPOPEditCoupon", "mnuPOPDeleteCoupon"})
+        menus.value(QString::fromLatin1(name))->setEnabled(isCoupon);
 }
 
 void frmMain::SetListAndMealsPopup() {

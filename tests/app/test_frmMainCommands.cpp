@@ -4,8 +4,11 @@
 #include "core/ListView.h"
 #include "core/clsRegistry.h"
 #include "core/modEffects.h"
+#include "coupons/frmAllCoupons.h"
 #include "support/MainWindowTest.h"
 
+#include <QAbstractItemModel>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -74,8 +77,9 @@ TEST_F(CommandTest, EveryCommandIsInTheMenusAndOnlyBuiltOnesAreEnabled) {
     EXPECT_EQ(Caption(w, "mnuOptionGeneral"), "General Settings");
     EXPECT_EQ(Caption(w, "mnuPOPSetQSItems"), "Set QS Items");
     // Screens that are not there yet are shown but rest.
-    EXPECT_TRUE(w.menus.value("mnuEnterCoupon")->isVisible());
-    for (const auto& [name, enabled] : {std::pair{"mnuEnterCoupon", false},
+    EXPECT_TRUE(w.menus.value("mnuProductInventory")->isVisible());
+    for (const auto& [name, enabled] : {std::pair{"mnuProductInventory", false},
+                                        {"mnuEnterCoupon", true},
                                         {"mnuPOPEditRecipie", false},
                                         {"mnuSetupStoreIsles", false},
                                         {"mnuExit", true},
@@ -97,7 +101,7 @@ TEST_F(CommandTest, KeysWithoutAScreenSayComingSoonAndRestingCommandsDoNothing) 
         {[&] { w.tbMain_ButtonClick("Calendar"); }, menus},
         {[&] { w.tbMain_ButtonClick("Calculator"); }, menus},
         {[&] { w.tbReports_ButtonClick("SpendReport"); }, menus},
-        {[&] { w.lvQuickStart_DblClick("Coupon"); }, "Coming Soon: This feature will be added soon!"},
+        {[&] { w.lvQuickStart_DblClick("Inventory"); }, "Coming Soon: This feature will be added soon!"},
     };
     for (const auto& [click, box] : soon) {
         ui.clear();
@@ -109,12 +113,12 @@ TEST_F(CommandTest, KeysWithoutAScreenSayComingSoonAndRestingCommandsDoNothing) 
 
     // A mapped key whose screen is not there does nothing, and its button follows its command.
     ui.clear();
-    w.tbMain_ButtonClick("NewCoupon");
+    w.tbMain_ButtonClick("Inventory");
     EXPECT_EQ(ui.count(), 0);
-    QAction* button = w.tbMain->findChild<QAction*>("NewCoupon");
+    QAction* button = w.tbMain->findChild<QAction*>("Inventory");
     ASSERT_NE(button, nullptr);
     EXPECT_FALSE(button->isEnabled());
-    w.menus.value("mnuEnterCoupon")->setEnabled(true);
+    w.menus.value("mnuProductInventory")->setEnabled(true);
     EXPECT_TRUE(button->isEnabled());
 }
 
@@ -433,6 +437,46 @@ TEST_F(CommandTest, CommandsOpenTheirScreensAndStoreCommandsReachTheirRows) {
     w.tvCoupons->setCurrentIndex(renamed->index());
     w.menus.value("mnuDeleteManufacturer")->trigger();  // no products: nothing to ask
     EXPECT_EQ(panes.FindByKey(panes.coupons, "Acme & Sons"), nullptr);
+}
+
+TEST_F(CommandTest, CouponCommandsActOnTheSelectedCouponOrItsManufacturer) {
+    frmMain w;
+    MainPanes& panes = MainPanes::Instance();
+    for (const char* maker : {"Joe's", "Acme"})
+        rows::Add("Coupons", {{"Manufacturer", maker}, {"Product", "Oats"}, {"Size", "box"}, {"Quantity", "1"},
+                              {"Value", "0.50"}, {"Expiration", "Never"}, {"Category", "Cereal"}});
+    w.LoadAllCoupons();
+    QStandardItem* joes = panes.FindByKey(panes.coupons, "Joe's");
+    ASSERT_NE(joes, nullptr);
+    ASSERT_TRUE(joes->hasChildren());
+    QStandardItem* coupon = joes->child(0);
+    w.SetCouponPopup(joes);
+    EXPECT_FALSE(Enabled(w, "mnuPOPEditCoupon"));
+    w.SetCouponPopup(coupon);
+    for (const char* name : {"mnuPOPDisplayCoupon", "mnuPOPEditCoupon", "mnuPOPDeleteCoupon"})
+        EXPECT_TRUE(Enabled(w, name)) << name;
+
+    // The card and the entry screen are handed the coupon under the cursor.
+    w.tvCoupons->setCurrentIndex(coupon->index());
+    QStringList seen;
+    for (const char* name : {"mnuPOPDisplayCoupon", "mnuPOPEditCoupon"}) {
+        ui.answerModal([&](QDialog* dialog) {
+            seen << dialog->metaObject()->className();
+            const QList<QComboBox*> boxes = dialog->findChildren<QComboBox*>("cboManufacturer");
+            if (!boxes.isEmpty()) seen << boxes.first()->currentText();
+            return 0;
+        });
+        w.menus.value(name)->trigger();
+    }
+    EXPECT_EQ(seen, QStringList({"frmCouponQuickView", "frmNewCoupon", "Joe's"}));
+
+    // The manufacturer's search lists that maker's coupons only, beside the main window.
+    w.menus.value("mnuFindCouponsFor")->trigger();
+    ASSERT_EQ(ui.modeless().size(), 1);
+    auto* list = qobject_cast<frmAllCoupons*>(ui.modeless().first().data());
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->CouponCount(), 1);
+    EXPECT_EQ(list->Model()->index(0, frmAllCoupons::colManufacturer).data().toString(), "Joe's");
 }
 
 }  // namespace
