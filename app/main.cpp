@@ -7,9 +7,11 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
+    if (const auto status = Application::AnswerQuestion(argc, argv)) return *status;
     Clock::SettleTimeZone();
     Application app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Larderkeep"));
+    if (const auto status = Application::RefuseUnknownOption(QApplication::arguments())) return *status;
     QString error;
     if (!FirstStart::Run(&error)) {
         MsgBox(error, Box::Critical, QStringLiteral("Larderkeep"));

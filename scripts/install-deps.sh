@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, tests and screenshots need, and only
 # those that are missing, so a machine that has everything needs no network.
+# desktop-file-utils and appstream validate the installed launcher and
+# software-centre record in the tests.
 set -euo pipefail
 
 packages=(
@@ -8,6 +10,7 @@ packages=(
   qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev qt6-qpa-plugins
   libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
   wamerican xvfb
+  desktop-file-utils appstream
 )
 
 missing=()
