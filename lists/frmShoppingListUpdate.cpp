@@ -186,6 +186,11 @@ frmShoppingListUpdate::frmShoppingListUpdate(QWidget* parent) : GuardedDialog(pa
         cboStore->setCurrentIndex(-1);
     });
 
+    // Enter loads the list typed, or ticks the line it is on; it never saves.
+    for (QPushButton* b : findChildren<QPushButton*>()) b->setAutoDefault(false);
+    connect(lvListItems, &QTreeWidget::itemActivated, this, [](QTreeWidgetItem* line) {
+        line->setCheckState(colItem, line->checkState(colItem) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    });
     resize(760, 480);
     ShowReceiptDate(false);
     LoadListNames();

@@ -52,12 +52,14 @@ frmShoppingListUpdateAdd::frmShoppingListUpdateAdd(QWidget* parent) : QDialog(pa
     layout->addLayout(buttons);
 
     connect(cmdSearch, &QPushButton::clicked, this, &frmShoppingListUpdateAdd::cmdSearch_Click);
-    connect(txtSearch, &QLineEdit::returnPressed, this, &frmShoppingListUpdateAdd::cmdSearch_Click);
     connect(txtSearch, &QLineEdit::textEdited, this, [this] { searchFrom_ = 0; });
     connect(cmdOK, &QPushButton::clicked, this, &frmShoppingListUpdateAdd::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(lvProducts, &QTreeWidget::itemActivated, this, &frmShoppingListUpdateAdd::cmdOK_Click);
 
+    // Enter in the search box finds the next match; on a line it picks it.
+    for (QPushButton* b : {cmdOK, cmdCancel}) b->setAutoDefault(false);
+    cmdSearch->setDefault(true);
     resize(560, 440);
     LoadProducts();
     txtSearch->selectAll();

@@ -75,7 +75,6 @@ frmInventorySuggestions::frmInventorySuggestions(QWidget* parent) : QDialog(pare
     chkMatchAllIngredients->setObjectName(QStringLiteral("chkMatchAllIngredients"));
     cmdSuggest = new QPushButton(QStringLiteral("&Suggest"), this);
     cmdSuggest->setObjectName(QStringLiteral("cmdSuggest"));
-    cmdSuggest->setDefault(true);
 
     lvRecipeList = new QTreeWidget(this);
     lvRecipeList->setObjectName(QStringLiteral("lvRecipeList"));
@@ -163,6 +162,9 @@ frmInventorySuggestions::frmInventorySuggestions(QWidget* parent) : QDialog(pare
         cboSingleItem->addItems(items);
         cboSingleItem->setCurrentIndex(-1);
     });
+    // Enter adds the typed ingredient, or previews the recipe on a line; no button takes it.
+    for (QPushButton* b : findChildren<QPushButton*>()) b->setAutoDefault(false);
+    lvRecipeList->headerItem()->setTextAlignment(colPoints, Qt::AlignRight | Qt::AlignVCenter);
     resize(700, 560);
     cboSingleItem->setFocus();
 }
@@ -237,9 +239,11 @@ void frmInventorySuggestions::GetIngredientSuggestions() {
                     if (times == 1) ++score;
                     if (times > 1) ++score;
                     if (times > 5) ++score;
-                    new SuggestionLine(lvRecipeList, QStringList{QString::number(score + 1), title,
-                                                                 TextOf(r.Field(QStringLiteral("CookbookName"))),
-                                                                 TextOf(r.Field(QStringLiteral("Style"))), entry});
+                    auto* line = new SuggestionLine(
+                        lvRecipeList, QStringList{QString::number(score + 1), title,
+                                                  TextOf(r.Field(QStringLiteral("CookbookName"))),
+                                                  TextOf(r.Field(QStringLiteral("Style"))), entry});
+                    line->setTextAlignment(colPoints, Qt::AlignRight | Qt::AlignVCenter);
                     listed.insert(title);
                 }
             }

@@ -222,6 +222,8 @@ frmProductInventory::frmProductInventory(QWidget* parent) : QDialog(parent) {
     setTabOrder(cmdApplyFilter, chkRemoveWhenListed);
     setTabOrder(chkRemoveWhenListed, cmdClose);
 
+    // Enter belongs to the list: no button takes it.
+    for (QPushButton* b : findChildren<QPushButton*>()) b->setAutoDefault(false);
     resize(820, 520);
     LoadInventory();
     lvInventory->setFocus();
