@@ -156,8 +156,16 @@ Report cmProducts() {
 }
 
 Report cmInventory() {
-    QList<ReportField> fields = kProductFields;
-    fields[2] = {QStringLiteral("Manufacturer"), QStringLiteral("Manufacturer")};
+    // The columns of the inventory screen, by category.
+    const QList<ReportField> fields = {
+        {QStringLiteral("Item Name"), QStringLiteral("Name")},
+        {QStringLiteral("Manufacturer"), QStringLiteral("Manufacturer")},
+        {QStringLiteral("Last Qty."), QStringLiteral("lastpurchasedquantity"), QString(), Qt::AlignRight},
+        {QStringLiteral("Size"), QStringLiteral("Size")},
+        {QStringLiteral("Cost"), QStringLiteral("Cost"), QStringLiteral("$#0.00"), Qt::AlignRight},
+        {QStringLiteral("Purchased"), QStringLiteral("LastPurchasedDate"), QStringLiteral("mm/dd/yyyy")},
+        {QStringLiteral("Used"), QStringLiteral("TimesPurchased"), QString(), Qt::AlignRight},
+    };
     return Shaped(
         QStringLiteral("Inventory"),
         QStringLiteral("SELECT * FROM Product WHERE [LastPurchasedDate] > #01/01/50# ORDER BY [Category], [Name]"),

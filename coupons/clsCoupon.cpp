@@ -150,7 +150,7 @@ bool clsCoupon::ReleaseCouponList(qint32 id, const QString& listName) {
     return Trap(QStringLiteral("Coupon.ReleaseCouponList"), false, [&] {
         const qint16 narrow = CInt(id);
         OpenDB(QStringLiteral("SELECT * FROM Coupons WHERE [ID] = '%1' AND [OwnerList] = '%2'")
-                   .arg(QString::number(narrow), listName),
+                   .arg(QString::number(narrow), QuoteSql(listName)),
                adOpenKeyset, adLockOptimistic);
         if (!rs.IsEOF()) {
             rs.setField(QStringLiteral("OwnerList"), QString());

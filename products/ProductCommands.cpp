@@ -10,11 +10,14 @@
 #include "platform/Ui.h"
 #include "products/clsManufacturer.h"
 #include "products/clsProduct.h"
+#include "products/frmInventorySuggestions.h"
 #include "products/frmItemPriceHistory.h"
 #include "products/frmProductCostHistory.h"
+#include "products/frmProductInventory.h"
 #include "products/frmProductListing.h"
 #include "products/frmProductNew.h"
 #include "products/frmProductSpending.h"
+#include "products/rptInventory.h"
 
 #include <QStandardItem>
 #include <memory>
@@ -78,6 +81,20 @@ void mnuProductCostHistory_Click() { ShowModal(new frmProductCostHistory(MainWin
 
 void mnuProductSpendingReport_Click() { ShowModal(new frmProductSpending(MainWindow())); }
 
+void mnuProductInventory_Click() { ShowModal(new frmProductInventory(MainWindow())); }
+
+void mnuPrintInventoryReport_Click() {
+    Trap(QStringLiteral("frmMain.mnuPrintInventoryReport"),
+         [&] { rptInventory::Print(rptInventory::Inventory(), false); });
+}
+
+void mnuPrintInventoryWorkSheet_Click() {
+    Trap(QStringLiteral("frmMain.mnuPrintInventoryWorkSheet"),
+         [&] { rptInventory::Print(rptInventory::Worksheet(), false); });
+}
+
+void mnuSuggestUsingInventory_Click() { ShowModal(new frmInventorySuggestions(MainWindow())); }
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuEnterProduct"), mnuEnterProduct_Click);
     commands.Add(QStringLiteral("mnuViewAllProducts"), mnuViewAllProducts_Click);
@@ -91,6 +108,10 @@ void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuProductSpendingHistory"), mnuProductSpendingHistory_Click);
     commands.Add(QStringLiteral("mnuProductCostHistory"), mnuProductCostHistory_Click);
     commands.Add(QStringLiteral("mnuProductSpendingReport"), mnuProductSpendingReport_Click);
+    commands.Add(QStringLiteral("mnuProductInventory"), mnuProductInventory_Click);
+    commands.Add(QStringLiteral("mnuPrintInventoryReport"), mnuPrintInventoryReport_Click);
+    commands.Add(QStringLiteral("mnuPrintInventoryWorkSheet"), mnuPrintInventoryWorkSheet_Click);
+    commands.Add(QStringLiteral("mnuSuggestUsingInventory"), mnuSuggestUsingInventory_Click);
 }
 
 }  // namespace ProductCommands

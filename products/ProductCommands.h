@@ -18,4 +18,8 @@ void mnuPOPShowProducts_Click();
 void mnuProductSpendingHistory_Click();
 void mnuProductCostHistory_Click();
 void mnuProductSpendingReport_Click();
+void mnuProductInventory_Click();
+void mnuPrintInventoryReport_Click();
+void mnuPrintInventoryWorkSheet_Click();
+void mnuSuggestUsingInventory_Click();
 }  // namespace ProductCommands

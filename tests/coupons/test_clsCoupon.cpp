@@ -66,7 +66,7 @@ TEST_F(CouponTest, ReservingAndReleasingAndTheAccessorsOfTheOpenRow) {
     // Another list cannot release it; its own list can, leaving "" and not "None".
     EXPECT_TRUE(coupon.ReleaseCouponList(id, "Other"));
     EXPECT_EQ(Of(id, "OwnerList").toString(), "Joe's List");
-    EXPECT_TRUE(coupon.ReleaseCouponList(id, "Joe''s List"));
+    EXPECT_TRUE(coupon.ReleaseCouponList(id, "Joe's List"));
     EXPECT_EQ(Of(id, "OwnerList"), QVariant(QString()));
 
     // Numbers pass through a 16-bit integer.
