@@ -14,6 +14,7 @@
 #include "core/modEffects.h"
 #include "coupons/CouponCommands.h"
 #include "lists/ListCommands.h"
+#include "lists/UpdateCommands.h"
 #include "meals/MealCommands.h"
 #include "measures/MeasureCommands.h"
 #include "messages/MessageCommands.h"
@@ -397,6 +398,7 @@ void frmMain::RegisterCommands() {
     ProductCommands::Register(commands_);
     RecipeCommands::Register(commands_);
     StoreCommands::Register(commands_);
+    UpdateCommands::Register(commands_);
     // A recipe's "list just for this item" opens in the list editor.
     RecipeCommands::SpecialListHook = [](const QString& title) { ListCommands::OpenSpecialList(title); };
 }
