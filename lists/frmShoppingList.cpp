@@ -128,6 +128,45 @@ bool SameCost(const QString& a, const QString& b) {
     return a == b;
 }
 
+// The database's LIKE folds only the letters A to Z.
+QString AsciiFolded(const QString& text) {
+    QString out = text;
+    for (QChar& c : out)
+        if (c.unicode() >= 'A' && c.unicode() <= 'Z') c = QChar(c.unicode() + ('a' - 'A'));
+    return out;
+}
+
+// The coupons as a save matches its lines against them: the three columns the
+// reservation compares, folded once, so that 300 lines cost one read of the
+// table rather than 300 scans of it.
+struct CouponKeys {
+    qint32 id;
+    QString manufacturer, product, size;  // folded; a Null column never matches
+    bool nullManufacturer, nullProduct, nullSize;
+};
+
+QList<CouponKeys> ReadCouponKeys() {
+    QList<CouponKeys> keys;
+    Recordset rs;
+    rs.Open(QStringLiteral("SELECT [ID],[Manufacturer],[Product],[Size] FROM Coupons"), ConnectionMain(),
+            adOpenForwardOnly, adLockReadOnly);
+    for (; !rs.IsEOF(); rs.MoveNext()) {
+        const QVariant m = rs.Field(QStringLiteral("Manufacturer")), p = rs.Field(QStringLiteral("Product")),
+                       s = rs.Field(QStringLiteral("Size"));
+        keys << CouponKeys{CLng(rs.Field(QStringLiteral("ID"))),
+                           AsciiFolded(TextOf(m)),
+                           AsciiFolded(TextOf(p)),
+                           AsciiFolded(TextOf(s)),
+                           IsNull(m),
+                           IsNull(p),
+                           IsNull(s)};
+    }
+    return keys;
+}
+
+// "LIKE '%text%'" for a text without the pattern's own wildcards.
+bool HasWildcard(const QString& text) { return text.contains(QLatin1Char('%')) || text.contains(QLatin1Char('_')); }
+
 QString DateShown(const QString& stored) {
     if (stored.isEmpty() || stored == QLatin1String("None")) return QString();
     return IsDate(QVariant(stored)) ? Format(QVariant(stored), Registry().DateDisplayFormat()) : stored;
@@ -1273,7 +1312,32 @@ bool frmShoppingList::SaveList(bool asRecurring) {
                     // Like items of one list join here.
                     item.AddItem();
                 }
-                for (const Row& row : rows) UpdateCoupons(row.manufacturer, row.itemName, row.size, name);
+                // The coupons that fit each line are reserved for this list.
+                const QList<CouponKeys> coupons = ReadCouponKeys();
+                QList<qint32> reserve;
+                for (const Row& row : rows) {
+                    if (HasWildcard(row.manufacturer) || HasWildcard(row.itemName) || HasWildcard(row.size)) {
+                        UpdateCoupons(row.manufacturer, row.itemName, row.size, name);
+                        continue;
+                    }
+                    const QString m = AsciiFolded(row.manufacturer), p = AsciiFolded(row.itemName),
+                                  z = AsciiFolded(row.size);
+                    for (const CouponKeys& c : coupons)
+                        if (!c.nullManufacturer && !c.nullProduct && !c.nullSize && c.product.contains(p) &&
+                            c.manufacturer.contains(m) && c.size.contains(z))
+                            reserve << c.id;
+                }
+                TrapTail(QStringLiteral(" ocurred in UpdateCoupons."), true, [&] {
+                    for (const qint32 id : reserve) {
+                        Recordset rs;
+                        rs.Open(QStringLiteral("SELECT [OwnerList] FROM Coupons WHERE [ID] = ") + QString::number(id),
+                                ConnectionMain(), adOpenKeyset, adLockOptimistic);
+                        if (rs.IsEOF()) continue;
+                        rs.setField(QStringLiteral("OwnerList"), name);
+                        rs.Update();
+                    }
+                    return true;
+                });
             } catch (...) {
                 batch.Cancel();
                 throw;
