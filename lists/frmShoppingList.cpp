@@ -189,6 +189,7 @@ frmShoppingList::frmShoppingList(QWidget* parent) : GuardedDialog(parent) {
     cboStore->setEditable(true);
     cboStore->setInsertPolicy(QComboBox::NoInsert);
     cboStore->setMinimumWidth(180);
+    cboStore->lineEdit()->setPlaceholderText(QStringLiteral("A store for the whole list"));
     cmdStoreAction = new QPushButton(QStringLiteral("Set"), fraStore);
     cmdStoreAction->setObjectName(QStringLiteral("cmdStoreAction"));
     cmdStoreAction->setToolTip(QStringLiteral("Every line without a store of its own goes to this store"));
@@ -323,7 +324,7 @@ void frmShoppingList::BuildToolbar() {
                              QStringLiteral("Save this list (Ctrl+S)")));
     Button(QStringLiteral("SaveList"))->setShortcut(QKeySequence::Save);
     addAction(Button(QStringLiteral("SaveList")));
-    tbMain->addAction(button(QStringLiteral("SaveListAs"), QStringLiteral("Save As"), QStyle::SP_DriveFDIcon,
+    tbMain->addAction(button(QStringLiteral("SaveListAs"), QStringLiteral("Save As"), QStyle::SP_DialogSaveButton,
                              QStringLiteral("Save this list under another name")));
     group(QStringLiteral("Recurring"), QStyle::SP_BrowserReload,
           {button(QStringLiteral("RecurringOpen"), QStringLiteral("Open Recurring List"), QStyle::SP_DialogOpenButton,
@@ -379,12 +380,14 @@ void frmShoppingList::BuildInputs() {
         c->lineEdit()->installEventFilter(this);
         return c;
     };
-    cboItem = combo(QStringLiteral("cboItem"), 200);
+    cboItem = combo(QStringLiteral("cboItem"), 170);
+    cboItem->lineEdit()->setPlaceholderText(QStringLiteral("Type or scan an item"));
     // Typing completes through the program's own rule, not the box's.
     cboItem->setCompleter(nullptr);
     txtQuantity = new QLineEdit(fraItem);
     txtQuantity->setObjectName(QStringLiteral("txtQuantity"));
     txtQuantity->setAlignment(Qt::AlignCenter);
+    txtQuantity->setMinimumWidth(48);
     txtQuantity->setMaximumWidth(60);
     txtQuantity->setToolTip(QStringLiteral("Up and Down change the quantity; Enter adds the item"));
     txtQuantity->installEventFilter(this);
@@ -400,13 +403,14 @@ void frmShoppingList::BuildInputs() {
     }
     connect(cmdQuantityUp, &QToolButton::clicked, this, [this] { StepQuantity(1); });
     connect(cmdQuantityDown, &QToolButton::clicked, this, [this] { StepQuantity(-1); });
-    cboManufacturer = combo(QStringLiteral("cboManufacturer"), 140);
+    cboManufacturer = combo(QStringLiteral("cboManufacturer"), 120);
     cboSize = combo(QStringLiteral("cboSize"), 90);
     cboItemCategory = combo(QStringLiteral("cboItemCategory"), 130);
     txtCost = new QLineEdit(fraItem);
     txtCost->setObjectName(QStringLiteral("txtCost"));
     txtCost->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    txtCost->setMaximumWidth(80);
+    txtCost->setMinimumWidth(72);
+    txtCost->setMaximumWidth(90);
     txtCost->setPlaceholderText(QStringLiteral("$0.00"));
     txtCost->installEventFilter(this);
     cmdAddItem = new QPushButton(QStringLiteral("&Add"), fraItem);
