@@ -206,6 +206,14 @@ TEST_F(ListEditorTest, ACostIsRememberedAndNewSizesAndCategoriesBecomeKnown) {
     Add(editor, "Tea", "1", "Any", "box", "", "abc");  // refused: stays in the boxes
     EXPECT_EQ(ui.lastBox().prompt, "This must be a numeric value.");
     EXPECT_EQ(editor.cboItem->currentText(), "Tea");
+    // Too big to be an amount is refused the same way; a negative quantity is
+    // a number and goes through (saving makes it 1).
+    ui.answer(Answer::OK);
+    Add(editor, "Tea", "-2", "Any", "box", "", "999999999999999999999");
+    EXPECT_EQ(ui.lastBox().prompt, "This must be a numeric value.");
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 2);
+    Add(editor, "Tea", "-2", "Any", "box");
+    EXPECT_EQ(Lines(editor).last(), "Tea|-2|Any|box|None|No||");
     EXPECT_EQ(rows::Joined("SELECT * FROM Product ORDER BY [ID]", {"Name", "Manufacturer", "Size", "Category", "Cost"}),
               QStringList({"Bread|Bimbo|loaf|Dairy|1.25", "Kid's Cereal|O'Neil|big box|Breakfast Stuff|4"}));
     EXPECT_EQ(rows::Count("SELECT * FROM ItemSize WHERE [Name] = 'big box'"), 1);
