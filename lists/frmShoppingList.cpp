@@ -898,8 +898,9 @@ void frmShoppingList::cmdAddItem_Click() {
         // A cheaper store.
         QString lineStore;
         if (Registry().CheckLowerCost() && Registry().ShowCostAlternative() && product.MultiplePricePoints(item)) {
-            frmProductCostSelect select(this);
-            const QString chosen = select.GetLowCostStore(item);
+            // One price screen serves the editor's whole session.
+            if (!costSelect_) costSelect_ = new frmProductCostSelect(this);
+            const QString chosen = costSelect_->GetLowCostStore(item);
             if (!chosen.isEmpty()) {
                 lineStore = Split(chosen, QStringLiteral("::"))[0];
                 if (!listStore_.isEmpty() && lineStore.compare(listStore_, Qt::CaseInsensitive) != 0) {

@@ -6,6 +6,7 @@
 #include <QString>
 
 class ComboCompleter;
+class frmProductCostSelect;
 class QAction;
 class QComboBox;
 class QGroupBox;
@@ -172,6 +173,7 @@ private:
     // gone may be taken off it.
     QString importingMeal_;
     ComboCompleter* itemCompleter_;
+    frmProductCostSelect* costSelect_ = nullptr;
     QLabel* lblName;
     QLabel* lblDate;
     QLabel* lblItems;
