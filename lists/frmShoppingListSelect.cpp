@@ -14,9 +14,10 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-frmShoppingListSelect::frmShoppingListSelect(QWidget* parent) : QDialog(parent) {
+frmShoppingListSelect::frmShoppingListSelect(QWidget* parent, bool recurringOnly)
+    : QDialog(parent), recurringOnly_(recurringOnly) {
     setObjectName(QStringLiteral("frmShoppingListSelect"));
-    setWindowTitle(QStringLiteral("Select Shopping List"));
+    setWindowTitle(recurringOnly ? QStringLiteral("Select Recurring List") : QStringLiteral("Select Shopping List"));
 
     lvLists = new QTreeWidget(this);
     lvLists->setObjectName(QStringLiteral("lvLists"));
@@ -60,8 +61,9 @@ void frmShoppingListSelect::LoadLists() {
     lvLists->clear();
     Trap(QStringLiteral("frmShoppingListSelect.LoadLists"), [&] {
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT [Name],[Dates],[Recurring] FROM ShopList ORDER BY [Name]"), ConnectionMain(),
-                adOpenKeyset, adLockReadOnly);
+        QString sql = QStringLiteral("SELECT [Name],[Dates],[Recurring] FROM ShopList");
+        if (recurringOnly_) sql += QStringLiteral(" WHERE TRIM([Recurring]) <> ''");
+        rs.Open(sql + QStringLiteral(" ORDER BY [Name]"), ConnectionMain(), adOpenKeyset, adLockReadOnly);
         QTreeWidgetItem* line = nullptr;
         int items = 0;
         for (; !rs.IsEOF(); rs.MoveNext()) {
@@ -77,9 +79,11 @@ void frmShoppingListSelect::LoadLists() {
             if (line->text(colDate).isEmpty() && !dates.isEmpty() && dates != QLatin1String("None"))
                 line->setText(colDate, IsDate(QVariant(dates)) ? Format(QVariant(dates), Registry().DateDisplayFormat())
                                                                : dates);
-            // "X" marks a list kept for use again and again.
-            if (TextOf(rs.Field(QStringLiteral("Recurring"))) == QLatin1String("X"))
-                line->setText(colRecurring, QStringLiteral("Yes"));
+            // A list kept for use again and again carries its recurring name
+            // ("X" when it was marked without one).
+            const QString recurring = TextOf(rs.Field(QStringLiteral("Recurring"))).trimmed();
+            if (line->text(colRecurring).isEmpty() && !recurring.isEmpty())
+                line->setText(colRecurring, recurring == QLatin1String("X") ? QStringLiteral("Yes") : recurring);
         }
     });
     if (lvLists->topLevelItemCount() > 0) lvLists->setCurrentItem(lvLists->topLevelItem(0));
@@ -91,8 +95,8 @@ QString frmShoppingListSelect::SelectedName() const {
     return selected.isEmpty() ? QString() : selected.first()->text(colName);
 }
 
-QString frmShoppingListSelect::GetListName(QWidget* parent) {
-    frmShoppingListSelect form(parent ? parent : MainWindow());
+QString frmShoppingListSelect::GetListName(QWidget* parent, bool recurringOnly) {
+    frmShoppingListSelect form(parent ? parent : MainWindow(), recurringOnly);
     if (TheUi().ShowModal(&form) != QDialog::Accepted) return QString();
     return form.SelectedName();
 }

@@ -11,10 +11,11 @@ class QTreeWidget;
 class frmShoppingListSelect : public QDialog {
     Q_OBJECT
 public:
-    explicit frmShoppingListSelect(QWidget* parent = nullptr);
+    // `recurringOnly` offers only the lists kept as recurring lists.
+    explicit frmShoppingListSelect(QWidget* parent = nullptr, bool recurringOnly = false);
 
     // The chosen list's name, "" when cancelled or nothing was chosen.
-    static QString GetListName(QWidget* parent = nullptr);
+    static QString GetListName(QWidget* parent = nullptr, bool recurringOnly = false);
 
     QTreeWidget* lvLists;
     QPushButton* cmdOK;
@@ -25,4 +26,7 @@ public:
     void LoadLists();
     // The name of the selected line, "" without one.
     QString SelectedName() const;
+
+private:
+    bool recurringOnly_ = false;
 };

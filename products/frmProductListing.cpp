@@ -1,8 +1,13 @@
 #include "products/frmProductListing.h"
 
+#include "core/ChangeNotices.h"
+#include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/Values.h"
 #include "core/modVerify.h"
+#include "coupons/frmNewCoupon.h"
+#include "lists/clsShopList.h"
+#include "lists/frmShoppingListSelect.h"
 #include "platform/Recordset.h"
 #include "platform/Ui.h"
 #include "products/ProductEvents.h"
@@ -78,11 +83,12 @@ frmProductListing::frmProductListing(const QString& manufacturer, QWidget* paren
         a->setEnabled(enabled);
         return a;
     };
-    // Coupons and lists have their own screens, not here yet.
-    add(QStringLiteral("mnuAddCoupon"), QStringLiteral("Add Coupon"), false);
+    connect(add(QStringLiteral("mnuAddCoupon"), QStringLiteral("Add Coupon"), true), &QAction::triggered, this,
+            &frmProductListing::mnuAddCoupon_Click);
     connect(add(QStringLiteral("mnuAddItemToInventory"), QStringLiteral("Add Item to Inventory"), true),
             &QAction::triggered, this, &frmProductListing::mnuAddItemToInventory_Click);
-    add(QStringLiteral("mnuAddItemToShopList"), QStringLiteral("Add Item to Shopping List"), false);
+    connect(add(QStringLiteral("mnuAddItemToShopList"), QStringLiteral("Add Item to Shopping List"), true),
+            &QAction::triggered, this, &frmProductListing::mnuAddItemToShopList_Click);
     mnuPopup->addSeparator();
     connect(add(QStringLiteral("mnuEditItem"), QStringLiteral("Edit Item"), true), &QAction::triggered, this,
             &frmProductListing::mnuEditItem_Click);
@@ -185,6 +191,88 @@ void frmProductListing::lvProducts_ColumnClick(int column) {
 void frmProductListing::mnuAddItemToInventory_Click() {
     const QString name = SelectedName();
     if (!name.isEmpty()) clsProduct().AddToInventory(name);
+}
+
+void frmProductListing::mnuAddCoupon_Click() {
+    const QTreeWidgetItem* item = lvProducts->currentItem();
+    if (!item) return;
+    frmNewCoupon entry(this);
+    entry.Prefill(item->text(1), item->text(0), item->text(2), item->text(3));
+    TheUi().ShowModal(&entry);
+}
+
+void frmProductListing::mnuAddItemToShopList_Click() {
+    const QTreeWidgetItem* line = lvProducts->currentItem();
+    if (!line) return;
+    const QString name = line->text(0), maker = line->text(1), size = line->text(2), category = line->text(3);
+    Trap(QStringLiteral("frmProductListing.mnuAddItemToShopList"), [&] {
+        clsProduct product;
+        product.Name(name);
+        product.Manufacturer(maker);
+        product.Size(size);
+        if (product.HasPossibleInventory() &&
+            MsgBox(QStringLiteral("It appear that this Item may still be in your Inventory. Do you still wish to add "
+                                  "it to a Shopping List?"),
+                   Box::YesNo + Box::Question, QStringLiteral("Notice")) != Answer::Yes)
+            return;
+        const int answer =
+            MsgBox(QStringLiteral("Would you like to add this to an existing Shopping List or create a new one?") +
+                       QStringLiteral("\r\n\r\n") +
+                       QStringLiteral("Click Yes to add this item to an existing List, Click 'No' to create a new List."),
+                   Box::YesNoCancel + Box::Question, QStringLiteral("Add Item"));
+        if (answer == Answer::Cancel) return;
+        auto rowsOf = [](const QString& list) {
+            auto rs = std::make_unique<Recordset>();
+            rs->Open(QStringLiteral("SELECT [Dates],[Recurring],[IsCurrent] FROM ShopList WHERE [Name] = ") +
+                         SqlText(list),
+                     ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
+            return rs;
+        };
+        QString list;
+        if (answer == Answer::Yes) {
+            list = frmShoppingListSelect::GetListName(this);
+        } else {
+            while (true) {
+                list = InputBox(QStringLiteral("What is the Name of the List that you would like to create?"),
+                                QStringLiteral("New Shopping List Name"))
+                           .trimmed();
+                if (list.isEmpty() || rowsOf(list)->IsEOF()) break;
+                MsgBox(QStringLiteral("There is already a Shopping List named ") + list +
+                           QStringLiteral(". Please choose another name."),
+                       Box::Exclamation, QStringLiteral("New Shopping List Name"));
+            }
+        }
+        if (list.isEmpty()) return;
+        // The item joins the list as the list stands: its date, its recurring
+        // name and whether it is on the Current list.
+        QString dates = QStringLiteral("None"), recurring = QStringLiteral(" ");
+        bool current = false;
+        if (auto rs = rowsOf(list); !rs->IsEOF()) {
+            dates = TextOf(rs->Field(QStringLiteral("Dates")));
+            recurring = TextOf(rs->Field(QStringLiteral("Recurring")));
+            current = CBool(rs->Field(QStringLiteral("IsCurrent")));
+        }
+        Recordset catalogue;
+        catalogue.Open(QStringLiteral("SELECT [Cost] FROM Product WHERE [ID] = ") +
+                           QString::number(line->data(0, kIdRole).toInt()),
+                       ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
+        const Currency cost = catalogue.IsEOF() ? Currency() : CCur(catalogue.Field(QStringLiteral("Cost")));
+        clsShopList item;
+        item.Name(list);
+        item.Store(QStringLiteral("Any"));
+        item.Dates(dates.isEmpty() ? QStringLiteral("None") : dates);
+        item.ItemName(name);
+        item.ItemQuantity(QStringLiteral("1"));
+        item.ItemManufacturer(maker.isEmpty() ? QStringLiteral("Any") : maker);
+        item.ItemSize(size);
+        item.ItemStyle(category);
+        item.ItemCost(cost);
+        item.Recurring(recurring.isEmpty() ? QStringLiteral(" ") : recurring);
+        item.IsCurrent(current);
+        item.AddItem();
+        if (current) Notices().ShoppingListChanged();
+        Notices().SetMessage(name + QStringLiteral(" was added to ") + list + QStringLiteral("."));
+    });
 }
 
 void frmProductListing::mnuDeleteItem_Click() {

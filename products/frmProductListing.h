@@ -34,7 +34,9 @@ public Q_SLOTS:
     void LoadProducts();
     void cmdSearch_Click();
     void lvProducts_ColumnClick(int column);
+    void mnuAddCoupon_Click();
     void mnuAddItemToInventory_Click();
+    void mnuAddItemToShopList_Click();
     void mnuDeleteItem_Click();
     void mnuEditItem_Click();
     void mnuItemPriceHistory_Click();

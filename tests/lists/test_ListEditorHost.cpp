@@ -1,74 +1,35 @@
 // The list editor as it stands: importing a meal's recipes as lines, saving
 // the lines as a list, and the screens around it that name, pick and print
 // a list.
+#include "ListEditorFixture.h"
+
 #include "core/CommandRegistry.h"
-#include "core/clsRegistry.h"
 #include "lists/ListCommands.h"
-#include "lists/frmShoppingList.h"
 #include "lists/frmShoppingListGenerate.h"
-#include "lists/frmShoppingListName.h"
+#include "lists/frmSearchListItem.h"
+#include "lists/frmShoppingListEditCost.h"
 #include "lists/frmShoppingListSelect.h"
-#include "support/Rows.h"
-#include "support/TestEnv.h"
-#include "support/Views.h"
+#include "core/MainPanes.h"
+#include "lists/ListPane.h"
+
+#include <QLabel>
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QFile>
-#include <QLineEdit>
 #include <QPrinterInfo>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTreeWidget>
 
 namespace {
 
-class ListEditorTest : public LarderTest {
-protected:
-    void SetUp() override {
-        LarderTest::SetUp();
-        Registry().AllowExplode(false);
-    }
+// A recipe whose ingredients are "quantity%%size%%name" in column order.
+void RecipeWith(const QString& title, const QStringList& ingredients, QVariantMap more = {}) {
+    for (int i = 0; i < ingredients.size(); ++i) more.insert("Ingredient" + QString::number(i + 1), ingredients[i]);
+    rows::Recipe(title, "General", "General", more);
+}
 
-    // A recipe whose ingredients are "quantity%%size%%name" in column order.
-    static void RecipeWith(const QString& title, const QStringList& ingredients, QVariantMap more = {}) {
-        for (int i = 0; i < ingredients.size(); ++i) more.insert("Ingredient" + QString::number(i + 1), ingredients[i]);
-        rows::Recipe(title, "General", "General", more);
-    }
-
-    static void ListRow(const QString& list, const QString& item, bool current, const QString& recurring = " ") {
-        rows::Add("ShopList", {{"Name", list},
-                               {"Store", "Any"},
-                               {"Dates", "None"},
-                               {"ItemName", item},
-                               {"ItemQuantity", "1"},
-                               {"ItemManufacturer", "Any"},
-                               {"ItemSize", "each"},
-                               {"ItemStyle", "Produce"},
-                               {"Recurring", recurring},
-                               {"IsCurrent", current}});
-    }
-
-    static QStringList Saved(const QString& list, const QStringList& fields = {"ItemName", "ItemQuantity"}) {
-        return rows::Joined("SELECT * FROM ShopList WHERE [Name] = " + rows::Literal(list) + " ORDER BY [ID]", fields);
-    }
-
-    // The name screen, answered with `name` typed in and OK clicked.
-    void AnswerName(const QString& name, bool dated = false) {
-        ui.answerModal([name, dated](QDialog* d) {
-            auto* form = qobject_cast<frmShoppingListName*>(d);
-            form->txtName->setText(name);
-            form->chkDate->setChecked(dated);
-            form->cmdOK->click();
-            return d->result();
-        });
-    }
-
-    static QString Line(const QString& name, const QString& qty, const QString& size, const QString& title) {
-        return name + "|" + qty + "|Any|" + size + "|For " + title + "|No|||";
-    }
-};
+QString Line(const QString& name, const QString& qty, const QString& size, const QString& title) {
+    return name + "|" + qty + "|Any|" + size + "|For " + title + "|No|||";
+}
 
 TEST_F(ListEditorTest, ImportTakesTheCoursesInTheirOrderAndNamesAMealThatIsNotThere) {
     RecipeWith("Dip", {"1%%cup%%yogurt"});
@@ -180,7 +141,7 @@ TEST_F(ListEditorTest, SavingReplacesTheListsRowsAndJoinsLikeItemsOfACurrentList
     // A second save writes the same rows again rather than adding to them.
     editor.lvShoppingList->setCurrentItem(odd);
     ui.answer(Answer::Yes);
-    editor.cmdRemove_Click();
+    editor.tbMain_ButtonClick("Remove");
     EXPECT_EQ(LastBox(), "Remove Item: Are you sure you want to remove these Item(s)?");
     ASSERT_TRUE(editor.SaveList());
     EXPECT_EQ(Saved("Week"), QStringList({"beef|2", "stock|13, "}));
@@ -217,7 +178,7 @@ TEST_F(ListEditorTest, AListWithoutANameIsNamedFirstAndACancelDeletesNothing) {
     // Closing asks only while something is unsaved.
     editor.AddRecipe("Pie");
     ui.answer(Answer::No);
-    editor.cmdClose_Click();
+    editor.tbMain_ButtonClick("Close");
     EXPECT_EQ(LastBox(), "Exit without save?: The current list has not been saved, Exit anyway?");
     EXPECT_EQ(editor.result(), 0);
     EXPECT_EQ(ui.pendingAnswers(), 0);
@@ -363,6 +324,331 @@ TEST_F(ListEditorTest, TheMenuOpensThePrintDialogueAndASpecialListOpensAnEditor)
     EXPECT_EQ(ui.modeless().first(), editor);
     EXPECT_EQ(editor->lvShoppingList->topLevelItemCount(), 2);
     EXPECT_TRUE(editor->CurrentListName().isEmpty());
+    delete editor;
+}
+
+TEST_F(ListEditorTest, SavingTurnsEmptyCostsIntoNothingAndOddQuantitiesIntoOne) {
+    frmShoppingList editor;
+    Add(editor, "Mom's \"Best\" Jam", "2", "O'Neil", "jar", "Spreads", "");
+    auto odd = [&](const QString& qty) {
+        auto* line = new QTreeWidgetItem({"Odd " + qty, qty, "Any", "each", "None", "No", "", "", ""});
+        editor.lvShoppingList->addTopLevelItem(line);
+        return line;
+    };
+    odd("0");
+    odd("a few");
+    odd("-2");
+    odd("1/2");  // a fraction from a recipe keeps its text
+    editor.CurrentListName("Joe's List");
+    ASSERT_TRUE(editor.SaveList());
+    EXPECT_EQ(Saved("Joe's List", {"ItemName", "ItemQuantity", "ItemManufacturer", "ItemCost", "CouponID", "Dates",
+                                   "Recurring"}),
+              QStringList({"Mom's \"Best\" Jam|2|O'Neil|0|0|None| ", "Odd 0|1|Any|0|0|None| ",
+                           "Odd a few|1|Any|0|0|None| ", "Odd -2|1|Any|0|0|None| ", "Odd 1/2|1/2|Any|0|0|None| "}));
+
+    // Loaded back, the lines are what was saved, and the list counts as saved.
+    frmShoppingList again;
+    again.LoadShopList("Joe's List");
+    EXPECT_EQ(Lines(again).first(), "Mom's \"Best\" Jam|2|O'Neil|jar|Spreads|No|0|");
+    EXPECT_EQ(again.CurrentListName(), "Joe's List");
+    EXPECT_FALSE(again.Changed());
+    EXPECT_EQ(ui.count(), 0);
+}
+
+TEST_F(ListEditorTest, LoadingOverLinesAsksClearAppendOrCancelAndDeletesOnlyWhenToldTwice) {
+    ListRow("Week", "Bread", false);
+    ListRow("Week", "Milk", false, " ", {{"Store", "Aldi"}, {"Coupon", true}, {"CouponID", 7}, {"Dates", "2026-11-29"}});
+    ListRow("Party", "Chips", false);
+
+    frmShoppingList editor;
+    editor.LoadShopList("Week");
+    EXPECT_EQ(Lines(editor), QStringList({"Bread|1|Any|each|Produce|No|0|", "Milk|1|Any|each|Produce|Yes|0|Aldi"}));
+    EXPECT_EQ(editor.lvShoppingList->topLevelItem(1)->data(0, frmShoppingList::TagRole).toString(), "7");
+    EXPECT_EQ(editor.CurrentListDate(), "11/29/2026");
+    EXPECT_EQ(ui.count(), 0);
+
+    ui.answer(Answer::Cancel);
+    editor.LoadShopList("Party");
+    EXPECT_EQ(LastBox(), "Clear List: This List already contains Items, Do you wish to clear the current list?");
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNoCancel + Box::Question);
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 2);
+
+    // No appends, under the name already there.
+    ui.answer(Answer::No);
+    editor.LoadShopList("Party");
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 3);
+    EXPECT_EQ(editor.CurrentListName(), "Week");
+    EXPECT_TRUE(editor.Changed());
+    // The same list again appends again; nothing on file changes.
+    ui.answer(Answer::No);
+    editor.LoadShopList("Party");
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 4);
+
+    // Yes, then No to deleting: the view is cleared, the saved list stays.
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::No);
+    editor.LoadShopList("Party");
+    EXPECT_EQ(LastBox(), "Delete List: This List has already been saved, Do you wish to delete it?");
+    EXPECT_EQ(Lines(editor), QStringList({"Chips|1|Any|each|Produce|No|0|"}));
+    EXPECT_EQ(Saved("Week").size(), 2);
+
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Yes);
+    editor.LoadShopList("Week");
+    EXPECT_EQ(Saved("Party"), QStringList());
+    EXPECT_EQ(Lines(editor).size(), 2);
+    EXPECT_EQ(ui.pendingAnswers(), 0);
+}
+
+TEST_F(ListEditorTest, ExpiredItemsComeFromTheExpiredListAndFromWhatHasRunOut) {
+    frmShoppingList editor;
+    ui.answer(Answer::OK);
+    editor.tbMain_ButtonClick("ExpiredInventory");
+    EXPECT_EQ(LastBox(), "Notice: There are no Expired Items to add to List.");
+
+    // 30 days: bought 32 days ago has run out, 31 days ago not yet.
+    Product("Rice", "Uncle", "bag", {{"LastPurchasedDate", QDate(2026, 10, 21)}, {"lastpurchasedquantity", 2}});
+    Product("Oats", "Quaker", "box", {{"LastPurchasedDate", QDate(2026, 10, 22)}});
+    Product("Salt", "Morton", "box", {{"LastPurchasedDate", QDate(1950, 1, 1)}});
+    ListRow("Expired", "Flour", true);
+    ui.clear();
+    editor.tbMain_ButtonClick("ExpiredInventory");
+    EXPECT_EQ(Lines(editor), QStringList({"Flour|1|Any|each|Produce|No|0|", "Rice|2|Uncle|bag|Dairy|No|2.5|"}));
+    EXPECT_EQ(ui.count(), 0);
+    EXPECT_TRUE(editor.CurrentListName().isEmpty());
+}
+
+TEST_F(ListEditorTest, SaveStopsForAnotherStoresBrandAndWithoutAnyLine) {
+    rows::Add("Store", {{"Name", "Aldi"}});
+    rows::Add("Store", {{"Name", "Kroger"}});
+    ListRow("Week", "Old", false);
+    frmShoppingList editor;
+    editor.CurrentListName("Week");
+    ui.answer(Answer::OK);
+    EXPECT_FALSE(editor.SaveList());
+    EXPECT_EQ(ui.lastBox().prompt, "There is nothing on the list to save.");
+
+    Add(editor, "Beans", "1", "Aldi", "can");
+    Add(editor, "Rice", "1", "Any", "bag");
+    editor.cboStore->setEditText("Kroger");
+    ui.answer(Answer::No);
+    editor.cmdStoreAction_Click();
+    EXPECT_EQ(LastBox(), "Set Store: There are items already on this list that appear to be Store brands but not for "
+                         "this Store. Would you still like to set this Lists Store to Kroger?");
+    EXPECT_EQ(editor.ListStore(), "");
+    ui.answer(Answer::Yes);
+    editor.cmdStoreAction_Click();
+    EXPECT_EQ(editor.ListStore(), "Kroger");
+
+    ui.answer(Answer::No);
+    EXPECT_FALSE(editor.SaveList());
+    EXPECT_EQ(LastBox(), "Save: There are items on this list that appear to be Store brands but not for this Store. "
+                         "Would you still like to save this List for Store Kroger?");
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
+    EXPECT_EQ(Saved("Week"), QStringList({"Old|1"}));
+
+    ui.answer(Answer::Yes);
+    EXPECT_TRUE(editor.SaveList());
+    EXPECT_EQ(Saved("Week", {"ItemName", "Store"}), QStringList({"Beans|Kroger", "Rice|Kroger"}));
+}
+
+TEST_F(ListEditorTest, ASavedListLeavesOneNoteInTheMessageCentre) {
+    frmShoppingList editor;
+    Add(editor, "Milk", "2", "Acme", "gal");
+    editor.CurrentListName(QString(60, 'w'));
+    ASSERT_TRUE(editor.SaveList());
+    Add(editor, "Eggs", "1", "Any", "dozen");
+    ASSERT_TRUE(editor.SaveList());
+    EXPECT_EQ(rows::Joined("SELECT * FROM Messages", {"Title", "Body", "Date", "Type"}),
+              QStringList({QString(50, 'w') + "|2 gal Acme Milk\r\n1 dozen Any Eggs\r\n|None|2"}));
+
+    Registry().AddListMessageItem(false);
+    editor.CurrentListName("Quiet");
+    ASSERT_TRUE(editor.SaveList());
+    EXPECT_EQ(rows::Count("SELECT * FROM Messages"), 1);
+}
+
+TEST_F(ListEditorTest, ARecurringListIsNamedOnceAndReopenedFromTheRecurringPicker) {
+    frmShoppingList editor;
+    Add(editor, "Milk", "1", "Acme", "gal");
+    ui.answerInput("");
+    ui.answer(Answer::OK);
+    editor.tbMain_ButtonClick("RecurringSave");
+    EXPECT_EQ(ui.boxes()[0].prompt, "What Name would you like to use to identify this Shopping List once saved?");
+    EXPECT_EQ(LastBox(), "Notice: This Shopping List was not saved.");
+    EXPECT_EQ(rows::Count("SELECT * FROM ShopList"), 0);
+
+    ui.answerInput("Weekly Staples");
+    editor.tbMain_ButtonClick("RecurringSave");
+    EXPECT_EQ(Saved("Weekly Staples", {"ItemName", "Recurring"}), QStringList({"Milk|Weekly Staples"}));
+    ui.answer(Answer::No);
+    editor.tbMain_ButtonClick("RecurringSave");
+    EXPECT_EQ(LastBox(), "Save As Recurring: This List was previously save as a Recurring List. Save it again as a "
+                         "Recurring List?");
+
+    ListRow("Plain", "Bread", false);
+    frmShoppingList other;
+    ui.answerModal([](QDialog* d) {
+        auto* form = qobject_cast<frmShoppingListSelect*>(d);
+        EXPECT_EQ(views::Lines(form->lvLists), QStringList({"Weekly Staples||1|Weekly Staples"}));
+        form->cmdOK->click();
+        return d->result();
+    });
+    other.tbMain_ButtonClick("RecurringOpen");
+    EXPECT_EQ(other.RecurringName(), "Weekly Staples");
+    EXPECT_EQ(Lines(other), QStringList({"Milk|1|Acme|gal|None|No|0|"}));
+}
+
+TEST_F(ListEditorTest, ClearingAndPrintingAskAboutTheSavedList) {
+    frmShoppingList editor;
+    Add(editor, "Milk", "1", "Acme", "gal");
+    ui.answer(Answer::No);
+    editor.tbMain_ButtonClick("Print");
+    EXPECT_EQ(LastBox(), "Save List: The Current List will first have to be saved, Save it now?");
+
+    editor.CurrentListName("Week");
+    ASSERT_TRUE(editor.SaveList());
+    const QString pdf = HomeFile("week.pdf");
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        ui.answerFile(pdf);
+        editor.tbMain_ButtonClick("Print");
+        EXPECT_TRUE(QFile::exists(pdf));
+    }
+
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::No);
+    editor.tbMain_ButtonClick("ClearList");
+    EXPECT_EQ(ui.prompts().mid(ui.prompts().size() - 2),
+              QStringList({"Are you sure that you want to clear this list?",
+                           "This list has already been saved. Proceeding will completely remove this list. Do you "
+                           "wish to continue?"}));
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 1);
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Yes);
+    editor.tbMain_ButtonClick("ClearList");
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 0);
+    EXPECT_EQ(Saved("Week"), QStringList());
+
+    ui.answer(Answer::OK);
+    editor.TempListPrint();
+    EXPECT_EQ(ui.lastBox().prompt, "The Shopping List Week does not exist.");
+}
+
+TEST_F(ListEditorTest, LineCommandsEditReleaseAndTakeCoupons) {
+    const qint32 coupon = Coupon("Acme", "Milk", "gal");
+    const qint32 other = Coupon("Best", "Bread", "loaf");
+    frmShoppingList editor;
+    ui.answer(Answer::Yes);
+    Add(editor, "Milk", "1", "Acme", "gal", "", "3");
+    editor.CurrentListName("Week");
+    ASSERT_TRUE(editor.SaveList());
+    EXPECT_EQ(rows::Field("Coupons", "ID", coupon, "OwnerList").toString(), "Week");
+
+    QTreeWidgetItem* milk = editor.lvShoppingList->topLevelItem(0);
+    editor.lvShoppingList->setCurrentItem(milk);
+    editor.mnuReleaseCoupon_Click();
+    EXPECT_EQ(rows::Field("Coupons", "ID", coupon, "OwnerList").toString(), "");
+    EXPECT_EQ(Lines(editor), QStringList({"Milk|1|Acme|gal|None|No|3|"}));
+
+    // The cost screen refuses what is not a number.
+    ui.answerModal([](QDialog* d) {
+        auto* form = qobject_cast<frmShoppingListEditCost*>(d);
+        EXPECT_EQ(form->lblOldCost->text(), "$3.00");
+        form->txtNewCost->setText("cheap");
+        form->cmdOK->click();
+        form->txtNewCost->setText("$2.75");
+        form->cmdOK->click();
+        return d->result();
+    });
+    ui.answer(Answer::OK);
+    editor.mnuEditItemCost_Click();
+    EXPECT_EQ(LastBox(), "Notice: The Cost must be a numeric value.");
+    EXPECT_EQ(Lines(editor), QStringList({"Milk|1|Acme|gal|None|No|2.75|"}));
+
+    editor.AddSelectCoupons({coupon, other, 9999});
+    EXPECT_EQ(Lines(editor), QStringList({"Milk|1|Acme|gal|None|Yes|2.75|", "Bread|2|Best|loaf|Dairy|Yes||"}));
+
+    editor.lvShoppingList->setCurrentItem(editor.lvShoppingList->topLevelItem(0));
+    editor.mnuEditItem_Click();
+    EXPECT_EQ(QStringList({editor.cboItem->currentText(), editor.txtQuantity->text(), editor.txtCost->text(),
+                           editor.PendingCoupon()}),
+              QStringList({"Milk", "1", "2.75", "Yes"}));
+    EXPECT_EQ(editor.lvShoppingList->topLevelItemCount(), 1);
+    ui.answer(Answer::Yes);  // the exact coupon again
+    editor.txtQuantity->setText("2");
+    editor.cmdAddItem_Click();
+    EXPECT_EQ(Lines(editor).last(), "Milk|2|Acme|gal|None|Yes|2.75|");
+
+    // Removing from the pop-up frees the line's coupon.
+    ASSERT_TRUE(editor.SaveList());
+    editor.lvShoppingList->clearSelection();
+    editor.lvShoppingList->topLevelItem(0)->setSelected(true);
+    ui.answer(Answer::Yes);
+    editor.mnuRemoveItem_Click();
+    EXPECT_EQ(rows::Field("Coupons", "ID", other, "OwnerList").toString(), "");
+    EXPECT_EQ(rows::Field("Coupons", "ID", coupon, "OwnerList").toString(), "Week");
+}
+
+TEST_F(ListEditorTest, TheMainWindowsCommandsOpenOneEditorOnTheChosenList) {
+    CommandRegistry commands;
+    ListCommands::Register(commands);
+    for (const char* key : {"mnuGenerateList", "mnuEnterListItem", "mnuEditList", "mnuEditCurrentList",
+                            "mnuSearchShoppingList", "mnuSAMEditShopList", "mnuSAMFindListItem"})
+        EXPECT_TRUE(commands.Has(key)) << key;
+    ListRow("Week", "Bread", true);
+    ListRow("Week", "Joe's Milk", true);
+    ListRow("Party", "Chips", false);
+
+    // The search screen finds an item on any list; its list opens with the line chosen.
+    ui.answerModal([](QDialog* d) {
+        auto* form = qobject_cast<frmSearchListItem*>(d);
+        form->txtSearch->setText("'s m");
+        form->cmdSearch_Click();
+        EXPECT_EQ(views::Lines(form->lvItems), QStringList({"Joe's Milk|1|Any|Week|"}));
+        form->txtSearch->setText("%");
+        form->cmdSearch_Click();
+        EXPECT_EQ(form->lvItems->topLevelItemCount(), 0);
+        form->txtSearch->setText("i");
+        form->cmdSearch_Click();
+        form->lvItems->setCurrentItem(form->lvItems->topLevelItem(1));
+        form->cmdOpen->click();
+        return d->result();
+    });
+    EXPECT_TRUE(commands.Run("mnuSearchShoppingList"));
+    ASSERT_EQ(ui.modeless().size(), 1);
+    auto* editor = qobject_cast<frmShoppingList*>(ui.modeless().first().data());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->CurrentListName(), "Week");
+    EXPECT_EQ(editor->lvShoppingList->currentItem()->text(0), "Joe's Milk");
+
+    // The Current list is the one list with current rows; it is open already,
+    // so nothing is asked and no second editor appears.
+    EXPECT_TRUE(commands.Run("mnuEditCurrentList"));
+    EXPECT_EQ(ui.modeless().size(), 1);
+    EXPECT_EQ(ui.count(), 2);
+
+    // Another list through the picker loads into the same editor.
+    ui.answerModal([](QDialog* d) {
+        auto* form = qobject_cast<frmShoppingListSelect*>(d);
+        form->lvLists->setCurrentItem(form->lvLists->findItems("Party", Qt::MatchExactly).first());
+        form->cmdOK->click();
+        return d->result();
+    });
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::No);
+    EXPECT_TRUE(commands.Run("mnuEditList"));
+    EXPECT_EQ(editor->CurrentListName(), "Party");
+    EXPECT_EQ(Saved("Week").size(), 2);
+    delete editor;
+
+    // The pane's selected line names its list.
+    MainPanes& panes = MainPanes::Instance();
+    ListPane::LoadShoppingList();
+    panes.currentListSelection.setCurrentIndex(panes.currentList.index(0, 0), QItemSelectionModel::ClearAndSelect);
+    EXPECT_TRUE(commands.Run("mnuSAMEditShopList"));
+    ASSERT_EQ(ui.modeless().size(), 2);
+    editor = qobject_cast<frmShoppingList*>(ui.modeless().last().data());
+    EXPECT_EQ(editor->CurrentListName(), "Week");
     delete editor;
 }
 

@@ -164,13 +164,72 @@ TEST_F(ProductScreensTest, TheListingShowsWatchesSearchesLiterallyAndDeletesOnCo
     EXPECT_EQ(listing.lvProducts->topLevelItem(0)->text(1), "Any");
     listing.lvProducts_ColumnClick(1);
     EXPECT_EQ(listing.lvProducts->topLevelItem(0)->text(1), "Quaker");
-    EXPECT_FALSE(listing.Command("mnuAddItemToShopList")->isEnabled());
-    EXPECT_TRUE(listing.Command("mnuAddItemToInventory")->isEnabled());
 
     frmProductListing oneMaker("Quaker");
     EXPECT_EQ(oneMaker.lblIntro->text(),
               "Below is a listing of all of the products that have ever been entered for Quaker into the database.");
     EXPECT_EQ(Lines(oneMaker.lvProducts), QStringList({"Oats|Quaker|tin|Cereal|No"}));
+}
+
+TEST_F(ProductScreensTest, TheListingPutsAProductOnAListAfterItsTwoQuestions) {
+    rows::Add("Product", {{"Name", "Joe's Tea"},
+                          {"Manufacturer", "Lipton"},
+                          {"Size", "box"},
+                          {"Category", "Drinks"},
+                          {"Cost", 3.25},
+                          {"LastPurchasedDate", QDate(2026, 11, 20)}});
+    rows::Add("ShopList", {{"Name", "Week"}, {"ItemName", "Bread"}, {"Dates", "2026-11-29"}, {"IsCurrent", true},
+                           {"Recurring", " "}});
+    frmProductListing listing;
+    listing.lvProducts->setCurrentItem(listing.lvProducts->topLevelItem(0));
+    for (const char* name : {"mnuAddCoupon", "mnuAddItemToShopList"}) EXPECT_TRUE(listing.Command(name)->isEnabled());
+
+    // Still on hand: No keeps it off every list.
+    ui.answer(Answer::No);
+    listing.mnuAddItemToShopList_Click();
+    EXPECT_EQ(LastBox(), "Notice: It appear that this Item may still be in your Inventory. Do you still wish to add it "
+                         "to a Shopping List?");
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Cancel);
+    listing.mnuAddItemToShopList_Click();
+    EXPECT_EQ(LastBox(), "Add Item: Would you like to add this to an existing Shopping List or create a new one?\r\n"
+                         "\r\nClick Yes to add this item to an existing List, Click 'No' to create a new List.");
+    EXPECT_EQ(ui.lastBox().buttons, Box::YesNoCancel + Box::Question);
+
+    // An existing list: the item joins it as the list stands.
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::Yes);
+    ui.answerModal([](QDialog* d) {
+        auto* picker = qobject_cast<QDialog*>(d);
+        picker->accept();
+        return int(QDialog::Accepted);
+    });
+    listing.mnuAddItemToShopList_Click();
+    EXPECT_EQ(rows::Joined("SELECT * FROM ShopList WHERE [ItemName] = 'Joe''s Tea'",
+                           {"Name", "ItemQuantity", "ItemManufacturer", "ItemCost", "Dates", "IsCurrent"}),
+              QStringList({"Week|1|Lipton|3.25|2026-11-29|True"}));
+
+    // A new list: a name already taken is refused and asked again.
+    ui.answer(Answer::Yes);
+    ui.answer(Answer::No);
+    ui.answerInput("Week");
+    ui.answer(Answer::OK);
+    ui.answerInput("Tea Party");
+    listing.mnuAddItemToShopList_Click();
+    EXPECT_EQ(ui.prompts("InputBox").last(), "What is the Name of the List that you would like to create?");
+    EXPECT_EQ(ui.boxes().last().title, "New Shopping List Name");
+    EXPECT_EQ(rows::Joined("SELECT * FROM ShopList WHERE [Name] = 'Tea Party'", {"ItemName", "Dates", "IsCurrent"}),
+              QStringList({"Joe's Tea|None|False"}));
+    EXPECT_EQ(ui.pendingAnswers(), 0);
+
+    // The coupon entry opens for the product.
+    QString opened;
+    ui.answerModal([&](QDialog* d) {
+        opened = d->metaObject()->className();
+        return 0;
+    });
+    listing.mnuAddCoupon_Click();
+    EXPECT_EQ(opened, "frmNewCoupon");
 }
 
 TEST_F(ProductScreensTest, TheDetailShowsHistoryAndSavesCorrections) {
