@@ -19,7 +19,8 @@ void Produce(const Report& report) {
 }
 
 void Finished(const Report& report, const QString& copyName, bool ask) {
-    if (ask && Registry().PromptBeforeInventoryAdd()) {
+    if (Registry().PromptBeforeInventoryAdd()) {
+        if (!ask) return;
         if (MsgBox(QStringLiteral("Add items from this Shopping List to Inventory?"), Box::YesNo + Box::Question,
                    QStringLiteral("Create Inventory")) != Answer::Yes)
             return;

@@ -46,6 +46,7 @@ namespace ListReports {
 void Produce(const Report& report);
 // After a list report: with the inventory question on, "Add items from this
 // Shopping List to Inventory?" and on Yes the inventory routine and the HTML
-// copy; with it off (or `ask` false) only the copy.
+// copy; with it off only the copy. `ask` false leaves the question (and so
+// the copy) to a later report.
 void Finished(const Report& report, const QString& copyName, bool ask);
 }  // namespace ListReports
