@@ -6,7 +6,8 @@
 #include "core/Values.h"
 #include "core/modVerify.h"
 
-qint32 clsAlterIsleMap::AltMapID() { return CLng(rs.Field(QStringLiteral("AltMapID"))); }
+// The table keys its rows by ID.
+qint32 clsAlterIsleMap::AltMapID() { return CLng(rs.Field(QStringLiteral("ID"))); }
 
 QString clsAlterIsleMap::MembersQuery() const {
     return QStringLiteral("SELECT * FROM AlternateIsleMap WHERE [StoreName] = ") + SqlText(storeName_) +

@@ -58,6 +58,7 @@ frmNewItemCategory::frmNewItemCategory(QWidget* parent) : QDialog(parent) {
 }
 
 void frmNewItemCategory::LoadCategories() {
+    const QString keep = SelectedCategory();
     lvItemCategories->clear();
     // One pass over the catalogue counts the products of every category.
     QHash<QString, int> counts;
@@ -73,6 +74,7 @@ void frmNewItemCategory::LoadCategories() {
         const QString name = TextOf(r.Field(QStringLiteral("Name")));
         auto* row = new QTreeWidgetItem(lvItemCategories, {name, QString::number(counts.value(name.toLower()))});
         row->setTextAlignment(1, Qt::AlignRight);
+        if (name.compare(keep, Qt::CaseInsensitive) == 0) lvItemCategories->setCurrentItem(row);
     }
     lvItemCategories->resizeColumnToContents(1);
 }
@@ -116,6 +118,7 @@ void frmNewItemCategory::mnuRenameCategory_Click() {
             .trimmed();
     if (renamed.isEmpty() || renamed == name) return;
     clsItemCategory().RenameCategory(name, renamed);
+    lvItemCategories->currentItem()->setText(0, renamed);
     LoadCategories();
 }
 

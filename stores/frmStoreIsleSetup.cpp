@@ -333,7 +333,7 @@ void frmStoreIsleSetup::LoadStoreIsles() {
         const QString name = TextOf(alt.Field(QStringLiteral("ItemName")));
         const QString maker = TextOf(alt.Field(QStringLiteral("ItemManufacturer")));
         auto* product = new QTreeWidgetItem(node, {maker + QStringLiteral("'s ") + name});
-        product->setData(0, KeyRole, QStringLiteral("ALT_") + TextOf(alt.Field(QStringLiteral("AltMapID"))));
+        product->setData(0, KeyRole, QStringLiteral("ALT_") + TextOf(alt.Field(QStringLiteral("ID"))));
         product->setData(0, TagRole, QStringLiteral("Product::") + name + QStringLiteral("::") + maker);
     }
     // The tree walks the store in order; aisles of one order stay by name.
@@ -538,7 +538,7 @@ void frmStoreIsleSetup::tvIsleMap_DragDrop(QTreeWidgetItem* source, const QStrin
         else
             delete source;  // an alternate moved from one aisle to another
         auto* moved = new QTreeWidgetItem(target, {maker + QStringLiteral("'s ") + item});
-        moved->setData(0, KeyRole, QStringLiteral("ALT_") + item);
+        moved->setData(0, KeyRole, QStringLiteral("ALT_") + QString::number(alter.AltMapID()));
         moved->setData(0, TagRole, sourceTag);
         target->setExpanded(true);
     });
