@@ -6,8 +6,7 @@
 #include "core/Values.h"
 #include "core/modVerify.h"
 
-// The table keys its rows by ID.
-qint32 clsAlterIsleMap::AltMapID() { return CLng(rs.Field(QStringLiteral("ID"))); }
+qint32 clsAlterIsleMap::AltMapID() { return CLng(rs.Field(QStringLiteral("AltMapID"))); }
 
 QString clsAlterIsleMap::MembersQuery() const {
     return QStringLiteral("SELECT * FROM AlternateIsleMap WHERE [StoreName] = ") + SqlText(storeName_) +

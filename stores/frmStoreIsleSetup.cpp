@@ -538,7 +538,12 @@ void frmStoreIsleSetup::tvIsleMap_DragDrop(QTreeWidgetItem* source, const QStrin
         else
             delete source;  // an alternate moved from one aisle to another
         auto* moved = new QTreeWidgetItem(target, {maker + QStringLiteral("'s ") + item});
-        moved->setData(0, KeyRole, QStringLiteral("ALT_") + QString::number(alter.AltMapID()));
+        Recordset written;
+        written.Open(QStringLiteral("SELECT [ID] FROM AlternateIsleMap WHERE [StoreName] = ") + SqlText(store_) +
+                         QStringLiteral(" AND [ItemName] = ") + SqlText(item) +
+                         QStringLiteral(" AND [ItemManufacturer] = ") + SqlText(maker),
+                     ConnectionMain(), adOpenKeyset, adLockReadOnly);
+        moved->setData(0, KeyRole, QStringLiteral("ALT_") + (written.IsEOF() ? QString() : TextOf(written.Field(QStringLiteral("ID")))));
         moved->setData(0, TagRole, sourceTag);
         target->setExpanded(true);
     });
