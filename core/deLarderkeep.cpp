@@ -143,8 +143,6 @@ Report cmShoplistByIsle(const QString& storeName) {
         Currency cost;
     };
     QList<Item> items;
-    bool anyCoupon = false;
-    bool anySize = false;
     for (; !rs.IsEOF(); rs.MoveNext()) {
         const auto text = [&](const char* column) { return TextOf(rs.Field(QLatin1String(column))).trimmed(); };
         Item item;
@@ -161,9 +159,10 @@ Report cmShoplistByIsle(const QString& storeName) {
             item.cost = Currency();  // a cost that is not a number counts as none
         }
         const bool coupon = rs.Field(QStringLiteral("Coupon")).toBool();
-        anyCoupon = anyCoupon || coupon;
-        anySize = anySize || !text("ItemSize").isEmpty();
-        item.cells = {name, text("ItemQuantity"), text("ItemSize"), coupon ? QStringLiteral("Coupon") : QString()};
+        const QString size = text("ItemSize");
+        item.cells = {name + (size.isEmpty() ? QString() : QStringLiteral(", ") + size) +
+                          (coupon ? QStringLiteral("  (coupon)") : QString()),
+                      text("ItemQuantity")};
         items << item;
     }
     rs.Close();
@@ -180,8 +179,6 @@ Report cmShoplistByIsle(const QString& storeName) {
         if (!isles.contains(item.isle)) isles << item.isle;
     report.AddHeading(storeName + QStringLiteral("  \u2022  %1 item(s) in %2 aisle(s)").arg(items.size()).arg(isles.size()));
     QList<Report::Column> columns{{QStringLiteral("Item")}, {QStringLiteral("Qty"), Qt::AlignRight}};
-    if (anySize) columns << Report::Column{QStringLiteral("Size")};
-    if (anyCoupon) columns << Report::Column{QStringLiteral("Coupon")};
     columns << Report::Column{QStringLiteral("Cost"), Qt::AlignRight}
             << Report::Column{QStringLiteral("So far"), Qt::AlignRight};
     report.SetColumns(columns);
@@ -206,9 +203,7 @@ Report cmShoplistByIsle(const QString& storeName) {
             for (int i : members.value(isle + QChar(0x1F) + category)) {
                 const Item& item = items[i];
                 running = running + item.cost;
-                QStringList cells{item.cells[0], item.cells[1]};
-                if (anySize) cells << item.cells[2];
-                if (anyCoupon) cells << item.cells[3];
+                QStringList cells = item.cells;
                 cells << Format(QVariant::fromValue(item.cost), QStringLiteral("$#0.00"))
                       << Format(QVariant::fromValue(running), QStringLiteral("$#0.00"));
                 report.AddRow(cells);

@@ -153,7 +153,7 @@ private:
 
     qreal pt(qreal points) const { return points * u_; }
     qreal Pad() const { return pt(5); }
-    qreal VPad(const Layout& l) const { return pt(l.size * 0.22); }
+    qreal VPad(const Layout& l) const { return pt(l.size * 0.18); }
     qreal FooterHeight(const Layout& l) const { return QFontMetricsF(l.fonts.small, &device_).height() + pt(10); }
     int ColumnCount() const {
         int n = int(r_.columns_.size());
@@ -169,6 +169,8 @@ private:
         Fonts f;
         f.body = QFont(QStringLiteral("DejaVu Sans"));
         f.body.setStyleHint(QFont::SansSerif);
+        // Plain letters, no ligatures: what is printed can be searched and copied.
+        f.body.setStyleStrategy(QFont::PreferNoShaping);
         f.body.setPointSizeF(size);
         f.bold = f.body;
         f.bold.setBold(true);
@@ -176,6 +178,7 @@ private:
         f.group0.setPointSizeF(size + 2);
         f.group1 = f.bold;
         f.group1.setItalic(true);
+        f.group1.setPointSizeF(std::max<qreal>(8, size - 1.5));
         f.caption = f.bold;
         f.caption.setPointSizeF(std::max<qreal>(8, size - 1));
         f.title = f.bold;
@@ -202,12 +205,10 @@ private:
 
     // Natural widths fit when they can; otherwise the short columns keep theirs
     // and the long ones share what is left, wrapping inside it.
-    QList<qreal> FitColumns(const QList<qreal>& natural, const QList<qreal>& least, qreal width,
-                            bool* readable) const {
+    QList<qreal> FitColumns(const QList<qreal>& natural, const QList<qreal>& least, qreal width) const {
         QList<qreal> widths = natural;
         const int n = int(natural.size());
         qreal total = std::accumulate(natural.begin(), natural.end(), qreal(0));
-        *readable = true;
         if (n == 0) return widths;
         if (total <= width) {
             // The room left goes to the widest text column, so the table spans the page.
@@ -238,7 +239,6 @@ private:
         for (int i = 0; i < n; ++i) {
             if (fixed[i]) continue;
             widths[i] = std::max(least[i], left * natural[i] / openNatural);
-            if (widths[i] < natural[i] * 0.55) *readable = false;
         }
         return widths;
     }
@@ -274,9 +274,24 @@ private:
             natural[c] += 2 * pad;
             least[c] = std::min(natural[c], least[c] + 2 * pad);
         }
-        bool readable = true;
-        l.widths = FitColumns(natural, least, frameWidth - l.tick, &readable);
-        if (flows > 1 && !readable) return false;
+        l.widths = FitColumns(natural, least, frameWidth - l.tick);
+        if (flows > 1) {
+            // Side by side only when few lines wrap, and none into more than three.
+            int rows = 0, wrapped = 0;
+            for (const auto& line : r_.lines_) {
+                if (line.kind != Report::Line::Row) continue;
+                ++rows;
+                bool wraps = false;
+                for (int c = 0; c < line.cells.size() && c < l.widths.size(); ++c) {
+                    const qreal room = l.widths[c] - 2 * pad;
+                    const qreal need = Widest(body, line.cells[c]);
+                    if (need > room * 2.7) return false;
+                    wraps = wraps || need > room;
+                }
+                wrapped += wraps ? 1 : 0;
+            }
+            if (wrapped * 10 > rows * 3) return false;
+        }
 
         // Heights of the table's lines.
         const qreal vpad = VPad(l);
@@ -285,7 +300,7 @@ private:
         for (const auto& line : r_.lines_) {
             if (line.kind == Report::Line::Group) {
                 const QFontMetricsF fm(line.level == 0 ? l.fonts.group0 : l.fonts.group1, &device_);
-                l.rowHeights << fm.height() + (line.level == 0 ? 3.2 : 2.4) * vpad;
+                l.rowHeights << fm.height() + (line.level == 0 ? 3.0 : 1.4) * vpad;
                 continue;
             }
             const QFontMetricsF& fm = line.kind == Report::Line::Total ? bold : body;
@@ -342,7 +357,7 @@ private:
                 item.level = level;
                 item.text = open[level] + QStringLiteral(" (continued)");
                 const QFontMetricsF fm(level == 0 ? l.fonts.group0 : l.fonts.group1, &device_);
-                item.height = fm.height() + (level == 0 ? 3.2 : 2.4) * VPad(l);
+                item.height = fm.height() + (level == 0 ? 3.0 : 1.4) * VPad(l);
                 page.frames.last().items << item;
                 y += item.height;
             }
