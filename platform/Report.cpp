@@ -316,8 +316,10 @@ private:
         // The title block of the first page.
         const QFontMetricsF title(l.fonts.title, &device_);
         const QFontMetricsF heading(l.fonts.heading, &device_);
-        l.titleHeight = title.height() + r_.headings_.size() * heading.lineSpacing() + pt(10);
-        if (!r_.picture_.isNull()) l.titleHeight += PictureSize(l).height() + pt(8);
+        // The picture stands at the right of the title and its lines.
+        l.titleHeight = title.height() + r_.headings_.size() * heading.lineSpacing() + pt(4);
+        if (!r_.picture_.isNull()) l.titleHeight = std::max(l.titleHeight, PictureSize(l).height() + pt(4));
+        l.titleHeight += pt(6);
 
         Paginate(l, frameWidth, gutter);
         return true;
@@ -325,7 +327,7 @@ private:
 
     QSizeF PictureSize(const Layout&) const {
         QSizeF size = r_.picture_.size();
-        size.scale(pt(200), pt(150), Qt::KeepAspectRatio);
+        size.scale(pt(180), pt(120), Qt::KeepAspectRatio);
         if (size.width() > r_.picture_.width() * u_) size = QSizeF(r_.picture_.size()) * u_;
         return size;
     }
@@ -414,6 +416,7 @@ private:
                     item.text = wrapped;
                     block << item;
                 }
+                block.last().height += pt(3);  // a little air between the lines of the text
             }
             for (int k = 0; k < block.size(); ++k) {
                 const qreal need = block[k].height + (block[k].kind == Item::Caption && k + 1 < block.size()
@@ -488,8 +491,8 @@ private:
         y += pt(4);
         if (!r_.picture_.isNull()) {
             const QSizeF size = PictureSize(l);
-            p.drawImage(QRectF(QPointF(0, y), size), r_.picture_);
-            y += size.height() + pt(8);
+            p.drawImage(QRectF(QPointF(pageWidth_ - size.width(), 0), size), r_.picture_);
+            y = std::max(y, size.height() + pt(4));
         }
         p.setPen(QPen(QColor(0x88, 0x88, 0x88), pt(0.75)));
         p.drawLine(QPointF(0, y), QPointF(pageWidth_, y));
