@@ -159,7 +159,8 @@ Report cmShoplistByIsle(const QString& storeName) {
             item.cost = Currency();  // a cost that is not a number counts as none
         }
         const bool coupon = rs.Field(QStringLiteral("Coupon")).toBool();
-        const QString size = text("ItemSize");
+        // "16 oz" stays on one line.
+        const QString size = text("ItemSize").replace(QLatin1Char(' '), QChar(0xA0));
         item.cells = {name + (size.isEmpty() ? QString() : QStringLiteral(", ") + size) +
                           (coupon ? QStringLiteral("  (coupon)") : QString()),
                       text("ItemQuantity")};
@@ -174,6 +175,7 @@ Report cmShoplistByIsle(const QString& storeName) {
     report.SetTypeSize(13, 11);
     report.SetTickBoxes(true);
     report.SetFlowColumns(2);
+    report.SetMayTurn(true);
     QStringList isles;
     for (const Item& item : items)
         if (!isles.contains(item.isle)) isles << item.isle;

@@ -98,20 +98,28 @@ public:
             for (qreal s = r_.typeSize_ - 0.5; s >= r_.smallestTypeSize_ - 0.01; s -= 0.5) sizes << s;
         const bool flowable = r_.paragraphs_.isEmpty() && r_.picture_.isNull();
         const int flows = flowable ? std::max(1, r_.flowColumns_) : 1;
+        QList<QPageLayout::Orientation> turns{device_.pageLayout().orientation()};
+        if (r_.mayTurn_ && turns.first() == QPageLayout::Portrait) turns << QPageLayout::Landscape;
         Layout best;
+        QPageLayout::Orientation bestTurn = turns.first();
         bool have = false;
+        // Fewest pages; on a tie the larger type, then the page upright, then fewer columns.
         for (qreal size : sizes) {
-            for (int n = 1; n <= flows; ++n) {
-                Layout candidate;
-                if (!Plan(size, n, candidate)) continue;
-                if (!have || candidate.pages.size() < best.pages.size()) {
-                    best = std::move(candidate);
-                    have = true;
+            for (QPageLayout::Orientation turn : turns) {
+                Turn(turn);
+                for (int n = 1; n <= flows; ++n) {
+                    Layout candidate;
+                    if (!Plan(size, n, candidate)) continue;
+                    if (!have || candidate.pages.size() < best.pages.size()) {
+                        best = std::move(candidate);
+                        bestTurn = turn;
+                        have = true;
+                    }
                 }
-                if (best.pages.size() == 1) break;
             }
             if (have && best.pages.size() == 1) break;
         }
+        Turn(bestTurn);
         if (!have) Plan(r_.typeSize_, 1, best);
         Paint(best);
         return int(best.pages.size());
@@ -150,6 +158,12 @@ private:
         QList<qreal> rowHeights;  // per report line
         QList<Page> pages;
     };
+
+    void Turn(QPageLayout::Orientation turn) {
+        if (device_.pageLayout().orientation() != turn) device_.setPageOrientation(turn);
+        pageWidth_ = device_.width();
+        pageHeight_ = device_.height();
+    }
 
     qreal pt(qreal points) const { return points * u_; }
     qreal Pad() const { return pt(5); }

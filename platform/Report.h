@@ -51,6 +51,8 @@ public:
     // Up to `columns` newspaper columns side by side on a page, used only when
     // the table reads well at that width and it saves paper.
     void SetFlowColumns(int columns) { flowColumns_ = columns; }
+    // The page may be turned sideways when that saves paper.
+    void SetMayTurn(bool on) { mayTurn_ = on; }
 
     int RowCount() const { return rowCount_; }
     bool IsEmpty() const { return rowCount_ == 0 && paragraphs_.isEmpty(); }
@@ -100,4 +102,5 @@ private:
     qreal smallestTypeSize_ = 0;
     bool tickBoxes_ = false;
     int flowColumns_ = 1;
+    bool mayTurn_ = false;
 };
