@@ -1,19 +1,26 @@
 // The screens on which a household describes its stores: the aisle tree and
 // its drag and drop, saving with its refusals, and the smaller store and
 // category screens.
+#include "core/CommandRegistry.h"
+#include "core/Globals.h"
 #include "core/TableRows.h"
 #include "core/clsRegistry.h"
 #include "lists/clsShopList.h"
+#include "products/frmProductNew.h"
+#include "stores/StoreCommands.h"
 #include "stores/clsIsleMap.h"
 #include "stores/frmAllStores.h"
 #include "stores/frmNewItemCategory.h"
 #include "stores/frmNewStore.h"
+#include "stores/frmSelectStore.h"
 #include "stores/frmSetItemIsle.h"
 #include "stores/frmStoreIsleSetup.h"
 #include "support/Rows.h"
 #include "support/TestEnv.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -240,6 +247,54 @@ TEST_F(IsleSetupTest, AnItemPlacedAwayFromItsCategoryAsksBeforeItsOwnMapping) {
     EXPECT_EQ(ui.boxes()[2].buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_EQ(rows::Joined("SELECT * FROM AlternateIsleMap", {"ItemName", "StoreIsle", "StoreIsleOrder"}),
               QStringList({"Milk|Isle 9|9"}));
+}
+
+TEST_F(IsleSetupTest, TheStoreCommandsAndTheProductEntryOpenTheSetupOfTheChosenStore) {
+    CommandRegistry commands;
+    StoreCommands::Register(commands);
+    auto pick = [this](const QString& prompt) {
+        ui.answerModal([prompt](QDialog* dialog) {
+            auto* form = qobject_cast<frmSelectStore*>(dialog);
+            EXPECT_EQ(form->findChild<QLabel*>()->text(), prompt);
+            form->lstStores->setCurrentRow(0);
+            return int(QDialog::Accepted);
+        });
+    };
+    QString opened;
+    pick("Select the store that you wish to use for the setup.");
+    ui.answerModal([&](QDialog* dialog) {
+        opened = static_cast<frmStoreIsleSetup*>(dialog)->Store();
+        return 0;
+    });
+    ASSERT_TRUE(commands.Run("mnuSetupStoreIsles"));
+    EXPECT_EQ(opened, "Joe's");
+
+    // The layout prints the aisles in walking order, and its copy is kept.
+    Map("Joe's", "Produce", "Isle 1", 1);
+    Registry().SaveReportCopy(true);
+    pick("Select the Store that you wish to print a layout for.");
+    ui.answerModal([](QDialog*) { return 0; });
+    ASSERT_TRUE(commands.Run("mnuPrintStoreLayout"));
+    QFile copy(HomeFile("StoreLayout.htm"));
+    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(copy.readAll());
+    EXPECT_LT(html.indexOf("Isle 1"), html.indexOf("Isle 2"));
+    EXPECT_LT(html.indexOf("Produce"), html.indexOf("Dairy"));
+
+    // A product entered with its aisle information ticked goes on to the setup.
+    frmProductNew entry;
+    entry.txtProduct->setText("Cream");
+    entry.cboStore->setCurrentText("Joe's");
+    entry.txtCost->setText("2");
+    entry.chkAddIsleInformation->setChecked(true);
+    opened.clear();
+    ui.answerModal([&](QDialog* dialog) {
+        opened = static_cast<frmStoreIsleSetup*>(dialog)->Store();
+        return 0;
+    });
+    entry.cmdAddProduct_Click();
+    EXPECT_EQ(opened, "Joe's");
+    EXPECT_FALSE(entry.chkAddIsleInformation->isChecked());
 }
 
 }  // namespace
