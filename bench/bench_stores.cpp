@@ -8,10 +8,10 @@
 #include "lists/clsShopList.h"
 #include "platform/Database.h"
 #include "platform/Recordset.h"
-#include "stores/frmStoreIsleSetup.h"
 #include "platform/ScriptedUi.h"
 #include "platform/Ui.h"
 #include "stores/clsStore.h"
+#include "stores/frmStoreIsleSetup.h"
 
 #include <QDir>
 #include <QFile>

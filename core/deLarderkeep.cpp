@@ -110,12 +110,12 @@ Report Shaped(const QString& title, const QString& sql, const QStringList& group
 }
 
 Report cmShoppingList(const QString& listName) {
-    const QString rows = listName.isEmpty() ? QStringLiteral("[IsCurrent] = True")
-                                            : QStringLiteral("[Name] = ") + SqlText(listName);
-    Report report = Shaped(QStringLiteral("Standard List"),
-                           QStringLiteral("SELECT * FROM ShopList WHERE ") + rows +
-                               QStringLiteral(" ORDER BY [ItemStyle], [ItemName]"),
-                           {QStringLiteral("ItemStyle")}, kListFields);
+    const QString rows =
+        listName.isEmpty() ? QStringLiteral("[IsCurrent] = True") : QStringLiteral("[Name] = ") + SqlText(listName);
+    Report report = Shaped(
+        QStringLiteral("Standard List"),
+        QStringLiteral("SELECT * FROM ShopList WHERE ") + rows + QStringLiteral(" ORDER BY [ItemStyle], [ItemName]"),
+        {QStringLiteral("ItemStyle")}, kListFields);
     report.SetTypeSize(11, 9);
     report.SetTickBoxes(true);
     if (!listName.isEmpty()) report.AddHeading(listName);
@@ -179,7 +179,8 @@ Report cmShoplistByIsle(const QString& storeName) {
     QStringList isles;
     for (const Item& item : items)
         if (!isles.contains(item.isle)) isles << item.isle;
-    report.AddHeading(storeName + QStringLiteral("  \u2022  %1 item(s) in %2 aisle(s)").arg(items.size()).arg(isles.size()));
+    report.AddHeading(storeName +
+                      QStringLiteral("  \u2022  %1 item(s) in %2 aisle(s)").arg(items.size()).arg(isles.size()));
     QList<Report::Column> columns{{QStringLiteral("Item")}, {QStringLiteral("Qty"), Qt::AlignRight}};
     columns << Report::Column{QStringLiteral("Cost"), Qt::AlignRight}
             << Report::Column{QStringLiteral("So far"), Qt::AlignRight};

@@ -47,8 +47,8 @@ void mnuListByStore_Click() {
     for (;;) {
         store = frmSelectStore::Choose(frmSelectStore::ListArrangement, MainWindow());
         if (store.isEmpty()) return;
-        const qint32 here = CountOf(QStringLiteral("SELECT * FROM ShopList WHERE [IsCurrent] = True AND [Store] = ") +
-                                    SqlText(store));
+        const qint32 here =
+            CountOf(QStringLiteral("SELECT * FROM ShopList WHERE [IsCurrent] = True AND [Store] = ") + SqlText(store));
         if (here == total) break;
         const int answer = MsgBox(
             QStringLiteral("There are only %1 Item(s) on the 'Current' List for %2 out of %3 Item(s) on the Current "
@@ -67,8 +67,8 @@ void mnuListByStore_Click() {
         break;
     }
 
-    const QStringList missing = clsShopList().AllCategoriesNotMapped(QString()).split(QStringLiteral("//"),
-                                                                                      Qt::SkipEmptyParts);
+    const QStringList missing =
+        clsShopList().AllCategoriesNotMapped(QString()).split(QStringLiteral("//"), Qt::SkipEmptyParts);
     if (!missing.isEmpty()) {
         const int answer =
             MsgBox(QStringLiteral("The following Categories are on the Current Shopping List but are not Mapped to "

@@ -136,8 +136,8 @@ void frmCurrentShoppingList::mnuEditList_Click() {
 void frmCurrentShoppingList::mnuDeleteList_Click() {
     QTreeWidgetItem* line = lvCurrentLists->currentItem();
     if (!line) return;
-    if (MsgBox(QStringLiteral("This will permanently remove this List, Are you certain?"),
-               Box::YesNo + Box::Question, QStringLiteral("Remove List")) != Answer::Yes)
+    if (MsgBox(QStringLiteral("This will permanently remove this List, Are you certain?"), Box::YesNo + Box::Question,
+               QStringLiteral("Remove List")) != Answer::Yes)
         return;
     clsShopList lists;
     lists.Name(line->text(ListName));

@@ -1,20 +1,20 @@
 #include "platform/Report.h"
 
 #include <QDir>
-#include <QFontMetricsF>
-#include <QLocale>
-#include <QPainter>
-#include <QRegularExpression>
-#include <QTextLayout>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontMetricsF>
+#include <QLocale>
 #include <QPageLayout>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QUrl>
 
 #include <algorithm>
@@ -433,9 +433,8 @@ private:
                 block.last().height += pt(3);  // a little air between the lines of the text
             }
             for (int k = 0; k < block.size(); ++k) {
-                const qreal need = block[k].height + (block[k].kind == Item::Caption && k + 1 < block.size()
-                                                          ? block[k + 1].height
-                                                          : 0);
+                const qreal need = block[k].height +
+                                   (block[k].kind == Item::Caption && k + 1 < block.size() ? block[k + 1].height : 0);
                 if (y + need > bottom) newFrame(false, 0);
                 place(block[k]);
             }
@@ -529,76 +528,75 @@ private:
         const qreal vpad = VPad(l);
         const QRectF band(frame.x, item.y, frame.width, item.height);
         switch (item.kind) {
-            case Item::Header: {
-                p.setFont(l.fonts.caption);
-                p.setPen(QColor(0x33, 0x33, 0x33));
-                QStringList captions;
-                for (const auto& column : r_.columns_) captions << column.caption;
-                PaintCells(p, l, frame, item.y, item.height, captions);
-                p.setPen(QPen(Qt::black, pt(1.2)));
-                const qreal rule = item.y + item.height - pt(1);
-                p.drawLine(QPointF(frame.x, rule), QPointF(frame.x + frame.width, rule));
-                break;
-            }
-            case Item::Group: {
-                const QString text = item.text.isEmpty() ? r_.lines_[item.line].cells.value(0) : item.text;
-                if (item.level == 0) {
-                    const QRectF fill = band.adjusted(0, vpad * 0.8, 0, 0);
-                    p.fillRect(fill, QColor(0xdd, 0xe5, 0xec));
-                    p.setPen(QPen(QColor(0x3b, 0x5b, 0x78), pt(2)));
-                    p.drawLine(fill.topLeft(), fill.bottomLeft());
-                    p.setFont(l.fonts.group0);
-                    p.setPen(QColor(0x10, 0x2a, 0x43));
-                    p.drawText(fill.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, text);
-                } else {
-                    p.setFont(l.fonts.group1);
-                    p.setPen(QColor(0x33, 0x33, 0x33));
-                    const qreal indent = pad + pt(8) * item.level;
-                    p.drawText(band.adjusted(indent, vpad, -pad, -vpad * 0.5), Qt::AlignLeft | Qt::AlignBottom,
-                               text);
-                    p.setPen(QPen(QColor(0xbb, 0xbb, 0xbb), pt(0.5)));
-                    p.drawLine(QPointF(frame.x + indent, band.bottom()), QPointF(band.right(), band.bottom()));
-                }
-                break;
-            }
-            case Item::Row:
-            case Item::Total: {
-                const bool total = item.kind == Item::Total;
-                if (!total && item.band % 2 == 1) p.fillRect(band, QColor(0xf3, 0xf3, 0xf3));
-                if (total) {
-                    p.setPen(QPen(Qt::black, pt(0.8)));
-                    p.drawLine(band.topLeft() + QPointF(l.tick, 0), band.topRight());
-                }
-                if (r_.tickBoxes_ && !total) {
-                    const QFontMetricsF fm(l.fonts.body, &device_);
-                    const qreal side = fm.ascent() * 0.9;
-                    const QRectF tick(frame.x + pad, item.y + vpad + (fm.height() - side) / 2, side, side);
-                    p.setPen(QPen(QColor(0x22, 0x22, 0x22), pt(0.9)));
-                    p.setBrush(Qt::NoBrush);
-                    p.drawRect(tick);
-                }
-                p.setFont(total ? l.fonts.bold : l.fonts.body);
-                p.setPen(Qt::black);
-                PaintCells(p, l, frame, item.y, item.height, r_.lines_[item.line].cells);
-                break;
-            }
-            case Item::Caption:
+        case Item::Header: {
+            p.setFont(l.fonts.caption);
+            p.setPen(QColor(0x33, 0x33, 0x33));
+            QStringList captions;
+            for (const auto& column : r_.columns_) captions << column.caption;
+            PaintCells(p, l, frame, item.y, item.height, captions);
+            p.setPen(QPen(Qt::black, pt(1.2)));
+            const qreal rule = item.y + item.height - pt(1);
+            p.drawLine(QPointF(frame.x, rule), QPointF(frame.x + frame.width, rule));
+            break;
+        }
+        case Item::Group: {
+            const QString text = item.text.isEmpty() ? r_.lines_[item.line].cells.value(0) : item.text;
+            if (item.level == 0) {
+                const QRectF fill = band.adjusted(0, vpad * 0.8, 0, 0);
+                p.fillRect(fill, QColor(0xdd, 0xe5, 0xec));
+                p.setPen(QPen(QColor(0x3b, 0x5b, 0x78), pt(2)));
+                p.drawLine(fill.topLeft(), fill.bottomLeft());
                 p.setFont(l.fonts.group0);
                 p.setPen(QColor(0x10, 0x2a, 0x43));
-                p.drawText(band.adjusted(0, pt(6), 0, 0), Qt::AlignLeft | Qt::AlignTop, item.text);
-                break;
-            case Item::Text:
-                p.setFont(l.fonts.body);
-                p.setPen(Qt::black);
-                p.drawText(band, Qt::AlignLeft | Qt::AlignTop, item.text);
-                break;
-            case Item::Footer:
-                p.setFont(l.fonts.small);
-                p.setPen(QColor(0x55, 0x55, 0x55));
-                p.drawText(band.adjusted(0, pt(8), 0, 0), Qt::AlignLeft | Qt::AlignTop, item.text);
-                break;
-            case Item::Picture:
-                break;
+                p.drawText(fill.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, text);
+            } else {
+                p.setFont(l.fonts.group1);
+                p.setPen(QColor(0x33, 0x33, 0x33));
+                const qreal indent = pad + pt(8) * item.level;
+                p.drawText(band.adjusted(indent, vpad, -pad, -vpad * 0.5), Qt::AlignLeft | Qt::AlignBottom, text);
+                p.setPen(QPen(QColor(0xbb, 0xbb, 0xbb), pt(0.5)));
+                p.drawLine(QPointF(frame.x + indent, band.bottom()), QPointF(band.right(), band.bottom()));
+            }
+            break;
+        }
+        case Item::Row:
+        case Item::Total: {
+            const bool total = item.kind == Item::Total;
+            if (!total && item.band % 2 == 1) p.fillRect(band, QColor(0xf3, 0xf3, 0xf3));
+            if (total) {
+                p.setPen(QPen(Qt::black, pt(0.8)));
+                p.drawLine(band.topLeft() + QPointF(l.tick, 0), band.topRight());
+            }
+            if (r_.tickBoxes_ && !total) {
+                const QFontMetricsF fm(l.fonts.body, &device_);
+                const qreal side = fm.ascent() * 0.9;
+                const QRectF tick(frame.x + pad, item.y + vpad + (fm.height() - side) / 2, side, side);
+                p.setPen(QPen(QColor(0x22, 0x22, 0x22), pt(0.9)));
+                p.setBrush(Qt::NoBrush);
+                p.drawRect(tick);
+            }
+            p.setFont(total ? l.fonts.bold : l.fonts.body);
+            p.setPen(Qt::black);
+            PaintCells(p, l, frame, item.y, item.height, r_.lines_[item.line].cells);
+            break;
+        }
+        case Item::Caption:
+            p.setFont(l.fonts.group0);
+            p.setPen(QColor(0x10, 0x2a, 0x43));
+            p.drawText(band.adjusted(0, pt(6), 0, 0), Qt::AlignLeft | Qt::AlignTop, item.text);
+            break;
+        case Item::Text:
+            p.setFont(l.fonts.body);
+            p.setPen(Qt::black);
+            p.drawText(band, Qt::AlignLeft | Qt::AlignTop, item.text);
+            break;
+        case Item::Footer:
+            p.setFont(l.fonts.small);
+            p.setPen(QColor(0x55, 0x55, 0x55));
+            p.drawText(band.adjusted(0, pt(8), 0, 0), Qt::AlignLeft | Qt::AlignTop, item.text);
+            break;
+        case Item::Picture:
+            break;
         }
     }
 
@@ -683,7 +681,8 @@ QString Report::ToHtml() const {
             const bool total = line.kind == Line::Total;
             html += total ? QStringLiteral("<tr class=\"total\">")
                           : (band++ % 2 ? QStringLiteral("<tr class=\"band\">") : QStringLiteral("<tr>"));
-            if (tickBoxes_) html += total ? QStringLiteral("<td></td>") : QStringLiteral("<td class=\"tick\">\u2610</td>");
+            if (tickBoxes_)
+                html += total ? QStringLiteral("<td></td>") : QStringLiteral("<td class=\"tick\">\u2610</td>");
             for (int i = 0; i < line.cells.size(); ++i) {
                 const Qt::Alignment align = i < columns_.size() ? columns_[i].align : Qt::AlignLeft;
                 html += QStringLiteral("<td%1>%2</td>").arg(AlignAttribute(align), Escaped(line.cells[i]));

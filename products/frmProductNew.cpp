@@ -1,10 +1,10 @@
 #include "products/frmProductNew.h"
 
 #include "core/Globals.h"
-#include "core/clsRegistry.h"
-#include "core/modEffects.h"
 #include "core/Values.h"
+#include "core/clsRegistry.h"
 #include "core/modBarcode.h"
+#include "core/modEffects.h"
 #include "core/modVerify.h"
 #include "coupons/frmNewBarcode.h"
 #include "platform/Clock.h"

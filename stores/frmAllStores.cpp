@@ -64,15 +64,14 @@ void frmAllStores::LoadStores() {
     const QString keep = SelectedStore();
     lvStores->clear();
     Recordset r;
-    r.Open(QStringLiteral("SELECT * FROM Store ORDER BY [Name]"), ConnectionMain(), adOpenForwardOnly,
-           adLockReadOnly);
+    r.Open(QStringLiteral("SELECT * FROM Store ORDER BY [Name]"), ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
     for (; !r.IsEOF(); r.MoveNext()) {
         const QString name = TextOf(r.Field(QStringLiteral("Name")));
         Recordset coupons;
-        coupons.Open(QStringLiteral("SELECT [Product] FROM Coupons WHERE [Store] = ") + SqlText(name),
-                     ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        auto* row = new QTreeWidgetItem(lvStores, {name, TextOf(r.Field(QStringLiteral("isles"))),
-                                                   QString::number(coupons.RecordCount())});
+        coupons.Open(QStringLiteral("SELECT [Product] FROM Coupons WHERE [Store] = ") + SqlText(name), ConnectionMain(),
+                     adOpenKeyset, adLockReadOnly);
+        auto* row = new QTreeWidgetItem(
+            lvStores, {name, TextOf(r.Field(QStringLiteral("isles"))), QString::number(coupons.RecordCount())});
         row->setTextAlignment(1, Qt::AlignRight);
         row->setTextAlignment(2, Qt::AlignRight);
         if (name == keep) lvStores->setCurrentItem(row);
@@ -100,10 +99,9 @@ void frmAllStores::mnuDeleteStore_Click() {
 void frmAllStores::mnuRenameStore_Click() {
     const QString old = SelectedStore();
     if (old.isEmpty()) return;
-    const QString renamed =
-        InputBox(QStringLiteral("What would you like to rename ") + old + QStringLiteral(" to?"),
-                 QStringLiteral("New Name"), old)
-            .trimmed();
+    const QString renamed = InputBox(QStringLiteral("What would you like to rename ") + old + QStringLiteral(" to?"),
+                                     QStringLiteral("New Name"), old)
+                                .trimmed();
     if (renamed.isEmpty() || renamed == old) return;
     if (MsgBox(QStringLiteral("Are you certain that you want to change ") + old + QStringLiteral(" to ") + renamed +
                    QStringLiteral("?"),

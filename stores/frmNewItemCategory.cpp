@@ -88,8 +88,7 @@ void frmNewItemCategory::cmdAddNew_Click() {
     if (name.isEmpty()) return;
     clsItemCategory categories;
     if (categories.Exists(name)) {
-        MsgBox(QStringLiteral("That category already exists,please re-enter."), Box::OKOnly,
-               QStringLiteral("Notice"));
+        MsgBox(QStringLiteral("That category already exists,please re-enter."), Box::OKOnly, QStringLiteral("Notice"));
         txtCategory->selectAll();
         txtCategory->setFocus();
         return;

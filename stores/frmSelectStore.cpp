@@ -43,16 +43,16 @@ frmSelectStore::frmSelectStore(Purpose purpose, QWidget* parent) : frmSelectStor
 
 QString frmSelectStore::Prompt(Purpose purpose) {
     switch (purpose) {
-        case Setup:
-            return QStringLiteral("Select the store that you wish to use for the setup.");
-        case LayoutPrint:
-            return QStringLiteral("Select the Store that you wish to print a layout for.");
-        case ListArrangement:
-            return QStringLiteral("Select the Store that you wish to have the current Shopping List arranged for.");
-        case MapExport:
-            return QStringLiteral("Select the Store whose Map you wish to export to a file.");
-        case LineAssignment:
-            return QStringLiteral("Select the Store you would like to assign to the selected List Item");
+    case Setup:
+        return QStringLiteral("Select the store that you wish to use for the setup.");
+    case LayoutPrint:
+        return QStringLiteral("Select the Store that you wish to print a layout for.");
+    case ListArrangement:
+        return QStringLiteral("Select the Store that you wish to have the current Shopping List arranged for.");
+    case MapExport:
+        return QStringLiteral("Select the Store whose Map you wish to export to a file.");
+    case LineAssignment:
+        return QStringLiteral("Select the Store you would like to assign to the selected List Item");
     }
     return QString();
 }

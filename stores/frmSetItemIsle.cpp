@@ -122,8 +122,8 @@ void frmSetItemIsle::cmdOK_Click() {
         if (MsgBox(manufacturer_ + QStringLiteral("'s ") + item_ + QStringLiteral(" is mapped to ") + oldIsle_ +
                        QStringLiteral(" for Store ") + store_ +
                        QStringLiteral(" by default. Do you want to create an Alternate Mapping for this item?"),
-                   Box::YesNo + Box::Question + Box::DefaultButton2, QStringLiteral("Alternate Isle Map")) !=
-            Answer::Yes)
+                   Box::YesNo + Box::Question + Box::DefaultButton2,
+                   QStringLiteral("Alternate Isle Map")) != Answer::Yes)
             return;
     }
     Recordset r;

@@ -66,8 +66,14 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override {
         const int y = event->position().toPoint().y();
         const int edge = 24;
-        if (y < edge) up_.start(); else up_.stop();
-        if (y > viewport()->height() - edge) down_.start(); else down_.stop();
+        if (y < edge)
+            up_.start();
+        else
+            up_.stop();
+        if (y > viewport()->height() - edge)
+            down_.start();
+        else
+            down_.stop();
         event->acceptProposedAction();
     }
     void dragLeaveEvent(QDragLeaveEvent* event) override {
@@ -311,9 +317,9 @@ QTreeWidgetItem* frmStoreIsleSetup::AddCategoryNode(QTreeWidgetItem* isle, const
 
 void frmStoreIsleSetup::LoadStoreIsles() {
     Recordset r;
-    r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] =") + SqlText(store_) +
-               QStringLiteral(" ORDER BY [Isle]"),
-           ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
+    r.Open(
+        QStringLiteral("SELECT * FROM IsleMap WHERE [Store] =") + SqlText(store_) + QStringLiteral(" ORDER BY [Isle]"),
+        ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
     for (; !r.IsEOF(); r.MoveNext()) {
         const QString isle = TextOf(r.Field(QStringLiteral("Isle")));
         QTreeWidgetItem* node = FindIsle(isle);
@@ -324,8 +330,8 @@ void frmStoreIsleSetup::LoadStoreIsles() {
     }
     // Products kept away from their category stand under their own aisle.
     Recordset alt;
-    alt.Open(QStringLiteral("SELECT * FROM AlternateIsleMap WHERE [StoreName] =") + SqlText(store_),
-             ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
+    alt.Open(QStringLiteral("SELECT * FROM AlternateIsleMap WHERE [StoreName] =") + SqlText(store_), ConnectionMain(),
+             adOpenForwardOnly, adLockReadOnly);
     for (; !alt.IsEOF(); alt.MoveNext()) {
         const QString isle = TextOf(alt.Field(QStringLiteral("StoreIsle")));
         QTreeWidgetItem* node = FindIsle(isle);
@@ -469,8 +475,8 @@ void frmStoreIsleSetup::cmdAddCategory_Click() {
 }
 
 void frmStoreIsleSetup::mnuAddCategory_Click() {
-    const QString name = InputBox(QStringLiteral("What Category would you like to add?"),
-                                  QStringLiteral("Category Name")).trimmed();
+    const QString name =
+        InputBox(QStringLiteral("What Category would you like to add?"), QStringLiteral("Category Name")).trimmed();
     if (name.isEmpty()) return;
     clsItemCategory categories;
     if (categories.Exists(name)) {
@@ -543,7 +549,9 @@ void frmStoreIsleSetup::tvIsleMap_DragDrop(QTreeWidgetItem* source, const QStrin
                          QStringLiteral(" AND [ItemName] = ") + SqlText(item) +
                          QStringLiteral(" AND [ItemManufacturer] = ") + SqlText(maker),
                      ConnectionMain(), adOpenKeyset, adLockReadOnly);
-        moved->setData(0, KeyRole, QStringLiteral("ALT_") + (written.IsEOF() ? QString() : TextOf(written.Field(QStringLiteral("ID")))));
+        moved->setData(
+            0, KeyRole,
+            QStringLiteral("ALT_") + (written.IsEOF() ? QString() : TextOf(written.Field(QStringLiteral("ID")))));
         moved->setData(0, TagRole, sourceTag);
         target->setExpanded(true);
     });
@@ -633,8 +641,7 @@ bool frmStoreIsleSetup::SaveMapping() {
         }
     }
     clsStore store;
-    store.OpenDB(QStringLiteral("SELECT * FROM Store WHERE [Name] = ") + SqlText(store_), adOpenKeyset,
-                 adLockReadOnly);
+    store.OpenDB(QStringLiteral("SELECT * FROM Store WHERE [Name] = ") + SqlText(store_), adOpenKeyset, adLockReadOnly);
     if (!store.dbEOF()) {
         store.StoreFaxNumber(store.StoreFaxNumber());
         store.Name(store_);

@@ -86,7 +86,7 @@ private:
     QString store_;
     bool changed_ = false;
     int isleKeys_ = 0;
-    QHash<QString, qint32> categoryIDs_;  // by name, lowered
+    QHash<QString, qint32> categoryIDs_;           // by name, lowered
     QHash<QString, QList<QStringList>> products_;  // id, name, manufacturer by category, lowered
     QSet<QString> alternates_;                     // "name\x1fmanufacturer", lowered
     QMenu* popup_ = nullptr;

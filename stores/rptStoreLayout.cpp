@@ -21,7 +21,8 @@ Report Build(const QString& store) {
     report.AddHeading(store);
     report.SetTypeSize(11, 9);
     report.SetFlowColumns(2);
-    report.SetColumns(QList<Report::Column>{{QStringLiteral("Category")}, {QStringLiteral("Products"), Qt::AlignRight}});
+    report.SetColumns(
+        QList<Report::Column>{{QStringLiteral("Category")}, {QStringLiteral("Products"), Qt::AlignRight}});
     Recordset r;
     r.Open(QStringLiteral("SELECT * FROM IsleMap WHERE [Store] = ") + SqlText(store) +
                QStringLiteral(" ORDER BY [IsleOrder], [Isle], [ItemCategory]"),

@@ -116,8 +116,8 @@ TEST_F(ListByIsleTest, AListAllForTheStorePrintsInItsWalkWithUnmappedItemsFirst)
     ASSERT_TRUE(rptListByIsle("Joe's").Layout().SavePdf(pdf));
     const QString text = PdfText(pdf);
     if (text.isEmpty()) GTEST_SKIP() << "pdftotext (poppler-utils) is not installed";
-    ExpectInOrder(text, {"Not Given", "Candles", "Isle 1", "Produce", "Apples", "Isle 3", "Rye bread", "Isle 7",
-                         "Milk", "Total"});
+    ExpectInOrder(text, {"Not Given", "Candles", "Isle 1", "Produce", "Apples", "Isle 3", "Rye bread", "Isle 7", "Milk",
+                         "Total"});
     EXPECT_TRUE(QRegularExpression(R"(Milk\s+2\s+\$3\.10\s+\$14\.35)").match(PdfText(pdf, "-layout")).hasMatch());
     EXPECT_TRUE(text.contains("Page 1 of 1"));
 }
@@ -210,9 +210,14 @@ TEST_F(ListByIsleTest, WithNoCurrentListThePersonIsOfferedToChooseOne) {
 TEST_F(ListByIsleTest, ALongListFillsFewPagesWithItsColumnsApart) {
     for (int i = 0; i < 60; ++i) {
         const int isle = i % 12;
-        rows::Add("ShopList", {{"Name", "Week"}, {"Store", "Big"}, {"ItemName", QString("Item number %1").arg(i)},
-                               {"ItemStyle", QString("Category %1").arg(isle)}, {"ItemQuantity", "1"},
-                               {"ItemCost", 1.5}, {"IsCurrent", true}, {"ShopOrder", isle + 1},
+        rows::Add("ShopList", {{"Name", "Week"},
+                               {"Store", "Big"},
+                               {"ItemName", QString("Item number %1").arg(i)},
+                               {"ItemStyle", QString("Category %1").arg(isle)},
+                               {"ItemQuantity", "1"},
+                               {"ItemCost", 1.5},
+                               {"IsCurrent", true},
+                               {"ShopOrder", isle + 1},
                                {"ShopIsle", QString("Aisle %1").arg(isle + 1)}});
     }
     const QString pdf = HomeFile("long.pdf");

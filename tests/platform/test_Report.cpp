@@ -44,11 +44,13 @@ QString PdfLayout(const QString& pdf) {
 
 TEST_F(ReportTest, OnPaperColumnsStandApartLongTextsWrapInTheirColumnAndPagesAreNumbered) {
     Report report("Products");
-    report.SetColumns(QList<Report::Column>{{"Product"}, {"Cost", Qt::AlignRight}, {"Last bought"}, {"Times", Qt::AlignRight}});
+    report.SetColumns(
+        QList<Report::Column>{{"Product"}, {"Cost", Qt::AlignRight}, {"Last bought"}, {"Times", Qt::AlignRight}});
     report.AddGroup("Acme");
-    report.AddRow({"Bananas family size value pack with an extra long description that cannot fit on one line of "
-                   "the page beside the other columns",
-                   "$0.00", "11/18/2026", "7"});
+    report.AddRow(
+        {"Bananas family size value pack with an extra long description that cannot fit on one line of "
+         "the page beside the other columns",
+         "$0.00", "11/18/2026", "7"});
     for (int i = 0; i < 120; ++i) report.AddRow({QString("Plain item %1").arg(i), "$1.25", "11/18/2026", "3"});
     report.AddTotal({"Total", "$150.00", "", ""});
     ASSERT_TRUE(report.SavePdf(HomeFile("products.pdf")));

@@ -117,7 +117,8 @@ TEST_F(IsleSetupTest, SavingKeepsTwoAislesOfACategoryAndRefusesAnOrderAnotherSto
     form.FindIsle("Isle 3")->child(0)->setData(0, frmStoreIsleSetup::TagRole, "Category");
     ui.answer(Answer::OK);
     EXPECT_FALSE(form.SaveMapping());
-    EXPECT_EQ(LastBox(), "Notice: The Isle Isle 1 already exists with the Isle Order of 5 so, this Isle will not be saved.");
+    EXPECT_EQ(LastBox(),
+              "Notice: The Isle Isle 1 already exists with the Isle Order of 5 so, this Isle will not be saved.");
     EXPECT_EQ(rows::Joined("SELECT * FROM IsleMap WHERE [Store] = 'Joe''s'", {"ItemCategory", "Isle"}),
               QStringList({"Dairy|Isle 2", "Dairy|Isle 3"}));
     EXPECT_EQ(clsIsleMap().GetIsle("Joe's", "Dairy"), "Isle 2");
@@ -157,8 +158,9 @@ TEST_F(IsleSetupTest, AProductGivenItsOwnAisleLeavesItsCategoryButListsStayByCat
     again.tvIsleMap_DragDrop(moved, QString(), again.FindIsle("Isle 2"));
     EXPECT_EQ(LastBox(), "Change: That Alternate mapping already exists. Do you wish to change it?");
     EXPECT_EQ(rows::Column("SELECT * FROM AlternateIsleMap", "StoreIsle"), QStringList({"Isle 1"}));
-    rows::Add("ShopList", {{"Name", "Week"}, {"Store", "Joe's"}, {"ItemName", "Milk"}, {"ItemStyle", "Dairy"},
-                           {"IsCurrent", true}});
+    rows::Add(
+        "ShopList",
+        {{"Name", "Week"}, {"Store", "Joe's"}, {"ItemName", "Milk"}, {"ItemStyle", "Dairy"}, {"IsCurrent", true}});
     clsShopList().MakeCurrent(QString(), "Joe's");
     EXPECT_EQ(rows::Column("SELECT * FROM ShopList", "ShopIsle"), QStringList({"Isle 2"}));
 }
@@ -169,8 +171,9 @@ TEST_F(IsleSetupTest, ADuplicateCategoryLosesOnlyItsOwnRow) {
     frmStoreIsleSetup form;
     ui.answer(Answer::Yes);
     form.LoadStore("Joe's");
-    EXPECT_EQ(LastBox(), "Delete Duplicate: dairy appears to be a duplicate of another Category, Dairy. Do you want to "
-                         "delete the duplicate entry?");
+    EXPECT_EQ(LastBox(),
+              "Delete Duplicate: dairy appears to be a duplicate of another Category, Dairy. Do you want to "
+              "delete the duplicate entry?");
     EXPECT_EQ(rows::Column("SELECT * FROM ItemCategory WHERE [Name] = 'Dairy'", "Name"), QStringList({"Dairy"}));
     EXPECT_EQ(rows::Count("SELECT * FROM Product WHERE [Category] = 'Dairy'"), 2);
     EXPECT_EQ(rows::Count("SELECT * FROM IsleMap"), 2);
@@ -242,8 +245,9 @@ TEST_F(IsleSetupTest, AnItemPlacedAwayFromItsCategoryAsksBeforeItsOwnMapping) {
     });
     ui.answer(Answer::Yes);
     EXPECT_EQ(form.SetItemIsle("Milk", "Acme", "Joe's"), "OK");
-    EXPECT_EQ(ui.boxes()[2].prompt, "Acme's Milk is mapped to Isle 2 for Store Joe's by default. Do you want to "
-                                    "create an Alternate Mapping for this item?");
+    EXPECT_EQ(ui.boxes()[2].prompt,
+              "Acme's Milk is mapped to Isle 2 for Store Joe's by default. Do you want to "
+              "create an Alternate Mapping for this item?");
     EXPECT_EQ(ui.boxes()[2].buttons, Box::YesNo + Box::Question + Box::DefaultButton2);
     EXPECT_EQ(rows::Joined("SELECT * FROM AlternateIsleMap", {"ItemName", "StoreIsle", "StoreIsleOrder"}),
               QStringList({"Milk|Isle 9|9"}));
