@@ -110,12 +110,14 @@ Report Shaped(const QString& title, const QString& sql, const QStringList& group
 }
 
 Report cmShoppingList(const QString& listName) {
-    const QString rows = listName.isEmpty() ? QStringLiteral("[IsCurrent] = True")
-                                            : QStringLiteral("[Name] = ") + SqlText(listName);
-    Report report = Shaped(QStringLiteral("Standard List"),
-                           QStringLiteral("SELECT * FROM ShopList WHERE ") + rows +
-                               QStringLiteral(" ORDER BY [ItemStyle], [ItemName]"),
-                           {QStringLiteral("ItemStyle")}, kListFields);
+    const QString rows =
+        listName.isEmpty() ? QStringLiteral("[IsCurrent] = True") : QStringLiteral("[Name] = ") + SqlText(listName);
+    Report report = Shaped(
+        QStringLiteral("Standard List"),
+        QStringLiteral("SELECT * FROM ShopList WHERE ") + rows + QStringLiteral(" ORDER BY [ItemStyle], [ItemName]"),
+        {QStringLiteral("ItemStyle")}, kListFields);
+    report.SetTypeSize(11, 9);
+    report.SetTickBoxes(true);
     if (!listName.isEmpty()) report.AddHeading(listName);
     return report;
 }
@@ -129,12 +131,94 @@ Report cmShoplistGeneric(const QString& listName) {
 }
 
 Report cmShoplistByIsle(const QString& storeName) {
-    Report report =
-        Shaped(QStringLiteral("Shopping List by Isle"),
-               QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
-                   .arg(SqlText(storeName)),
-               {QStringLiteral("ShopIsle"), QStringLiteral("ItemStyle")}, kListFields);
-    report.AddHeading(storeName);
+    Database connection;
+    connection.Open(Registry().DatabasePath());
+    Recordset rs;
+    rs.Open(QStringLiteral("SELECT * FROM ShopList WHERE (IsCurrent = True) AND (Store = %1) ORDER BY ShopOrder")
+                .arg(SqlText(storeName)),
+            connection, adOpenForwardOnly, adLockReadOnly);
+    struct Item {
+        QString isle, category;
+        QStringList cells;
+        Currency cost;
+    };
+    QList<Item> items;
+    for (; !rs.IsEOF(); rs.MoveNext()) {
+        const auto text = [&](const char* column) { return TextOf(rs.Field(QLatin1String(column))).trimmed(); };
+        Item item;
+        item.isle = text("ShopIsle");
+        item.category = text("ItemStyle");
+        const QString maker = text("ItemManufacturer");
+        const QString name = maker.isEmpty() || maker.compare(QLatin1String("Any"), Qt::CaseInsensitive) == 0
+                                 ? text("ItemName")
+                                 : maker + QStringLiteral("'s ") + text("ItemName");
+        const QVariant cost = rs.Field(QStringLiteral("ItemCost"));
+        try {
+            item.cost = cost.isNull() ? Currency() : CCur(cost);
+        } catch (const std::exception&) {
+            item.cost = Currency();  // a cost that is not a number counts as none
+        }
+        const bool coupon = rs.Field(QStringLiteral("Coupon")).toBool();
+        // "16 oz" stays on one line.
+        const QString size = text("ItemSize").replace(QLatin1Char(' '), QChar(0xA0));
+        item.cells = {name + (size.isEmpty() ? QString() : QStringLiteral(", ") + size) +
+                          (coupon ? QStringLiteral("  (coupon)") : QString()),
+                      text("ItemQuantity")};
+        items << item;
+    }
+    rs.Close();
+    connection.Close();
+
+    // What a person carries through the store: large type, a box to tick on
+    // every line, the aisle as the heading and what the basket has cost so far.
+    Report report(QStringLiteral("Shopping List by Isle"));
+    report.SetTypeSize(13, 11);
+    report.SetTickBoxes(true);
+    report.SetFlowColumns(2);
+    report.SetMayTurn(true);
+    QStringList isles;
+    for (const Item& item : items)
+        if (!isles.contains(item.isle)) isles << item.isle;
+    report.AddHeading(storeName +
+                      QStringLiteral("  \u2022  %1 item(s) in %2 aisle(s)").arg(items.size()).arg(isles.size()));
+    QList<Report::Column> columns{{QStringLiteral("Item")}, {QStringLiteral("Qty"), Qt::AlignRight}};
+    columns << Report::Column{QStringLiteral("Cost"), Qt::AlignRight}
+            << Report::Column{QStringLiteral("So far"), Qt::AlignRight};
+    report.SetColumns(columns);
+
+    // Groups stand where the walk first reaches them, so the walk order holds
+    // even when one aisle's rows are not side by side.
+    QStringList order;
+    QHash<QString, QStringList> categories;
+    QHash<QString, QList<int>> members;
+    for (int i = 0; i < items.size(); ++i) {
+        const Item& item = items[i];
+        if (!categories.contains(item.isle)) order << item.isle;
+        QStringList& seen = categories[item.isle];
+        if (!seen.contains(item.category)) seen << item.category;
+        members[item.isle + QChar(0x1F) + item.category] << i;
+    }
+    Currency running;
+    for (const QString& isle : order) {
+        report.AddGroup(isle.isEmpty() ? QStringLiteral("Not Given") : isle, 0);
+        for (const QString& category : categories.value(isle)) {
+            report.AddGroup(category.isEmpty() ? QStringLiteral("(no category)") : category, 1);
+            for (int i : members.value(isle + QChar(0x1F) + category)) {
+                const Item& item = items[i];
+                running = running + item.cost;
+                QStringList cells = item.cells;
+                cells << Format(QVariant::fromValue(item.cost), QStringLiteral("$#0.00"))
+                      << Format(QVariant::fromValue(running), QStringLiteral("$#0.00"));
+                report.AddRow(cells);
+            }
+        }
+    }
+    if (!items.isEmpty()) {
+        QStringList total(columns.size() - 1);
+        total[0] = QStringLiteral("Total");
+        total << Format(QVariant::fromValue(running), QStringLiteral("$#0.00"));
+        report.AddTotal(total);
+    }
     return report;
 }
 

@@ -2,7 +2,9 @@
 
 #include "core/Globals.h"
 #include "core/Values.h"
+#include "core/clsRegistry.h"
 #include "core/modBarcode.h"
+#include "core/modEffects.h"
 #include "core/modVerify.h"
 #include "coupons/frmNewBarcode.h"
 #include "platform/Clock.h"
@@ -14,6 +16,7 @@
 #include "products/clsSpendHistory.h"
 #include "stores/clsItemCategory.h"
 #include "stores/clsStore.h"
+#include "stores/frmStoreIsleSetup.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -89,8 +92,6 @@ frmProductNew::frmProductNew(QWidget* parent) : QDialog(parent) {
     chkCreateInventory = check(QStringLiteral("chkCreateInventory"), QStringLiteral("Add to Inventory"));
     chkAddIsleInformation = check(QStringLiteral("chkAddIsleInformation"), QStringLiteral("Add Isle information"));
     chkGetItemBarcode = check(QStringLiteral("chkGetItemBarcode"), QStringLiteral("Get the Item's barcode"));
-    // Its screen is not part of the program yet.
-    chkAddIsleInformation->setEnabled(false);
 
     auto* form = new QFormLayout;
     form->addRow(QStringLiteral("Product:"), txtProduct);
@@ -238,6 +239,13 @@ void frmProductNew::cmdAddProduct_Click() {
         maker.UPCCode(barcode);
         maker.WriteNew();  // a name on file is left alone
         AddOnce(cboManufacturer, manufacturer);
+    }
+    if (chkAddIsleInformation->isChecked() && Chosen(cboStore)) {
+        // The new product's category is placed in the store's aisles at once.
+        frmStoreIsleSetup setup(this);
+        setup.LoadStore(cboStore->currentText().trimmed());
+        ExplodeForm(&setup, Registry().ExplodeRate());
+        TheUi().ShowModal(&setup);
     }
     ClearEntry();
 }

@@ -3,11 +3,18 @@
 #include "core/ChangeNotices.h"
 #include "core/CommandRegistry.h"
 #include "core/Globals.h"
+#include "core/PrintReport.h"
 #include "core/clsRegistry.h"
+#include "core/modEffects.h"
 #include "platform/Ui.h"
 #include "stores/clsItemCategory.h"
 #include "stores/clsStore.h"
+#include "stores/frmAllStores.h"
+#include "stores/frmNewItemCategory.h"
+#include "stores/frmNewStore.h"
 #include "stores/frmSelectStore.h"
+#include "stores/frmStoreIsleSetup.h"
+#include "stores/rptStoreLayout.h"
 
 #include <QDialog>
 #include <functional>
@@ -54,7 +61,7 @@ void mnuImportStoreMap_Click() {
 }
 
 void mnuExportStoreMap_Click() {
-    frmSelectStore pick(QStringLiteral("Which Store's Isle map would you like to export?"), MainWindow());
+    frmSelectStore pick(frmSelectStore::MapExport, MainWindow());
     if (pick.StoreCount() == 0) {
         MsgBox(QStringLiteral("There are no Stores to export."), Box::OKOnly, QStringLiteral("Notice"));
         return;
@@ -63,7 +70,45 @@ void mnuExportStoreMap_Click() {
     clsStore().ExportStoreFile(pick.SelectedStore());
 }
 
+void OpenIsleSetup(const QString& store) {
+    frmStoreIsleSetup setup(MainWindow());
+    setup.LoadStore(store);
+    ExplodeForm(&setup, Registry().ExplodeRate());
+    TheUi().ShowModal(&setup);
+}
+
+void mnuSetupStoreIsles_Click() {
+    const QString store = frmSelectStore::Choose(frmSelectStore::Setup, MainWindow());
+    if (!store.isEmpty()) OpenIsleSetup(store);
+}
+
+void mnuDisplayAllStores_Click() {
+    frmAllStores form(MainWindow());
+    ExplodeForm(&form, Registry().ExplodeRate());
+    TheUi().ShowModal(&form);
+}
+
+void mnuPrintStoreLayout_Click() {
+    const QString store = frmSelectStore::Choose(frmSelectStore::LayoutPrint, MainWindow());
+    if (!store.isEmpty()) PrintReport(rptStoreLayout::Build(store), QStringLiteral("StoreLayout.htm"), true);
+}
+
+void ShowNewStore() {
+    frmNewStore form(MainWindow());
+    ExplodeForm(&form, Registry().ExplodeRate());
+    TheUi().ShowModal(&form);
+}
+
+void ShowItemCategories() {
+    frmNewItemCategory form(MainWindow());
+    ExplodeForm(&form, Registry().ExplodeRate());
+    TheUi().ShowModal(&form);
+}
+
 void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuSetupStoreIsles"), mnuSetupStoreIsles_Click);
+    commands.Add(QStringLiteral("mnuDisplayAllStores"), mnuDisplayAllStores_Click);
+    commands.Add(QStringLiteral("mnuPrintStoreLayout"), mnuPrintStoreLayout_Click);
     commands.Add(QStringLiteral("mnuAddNewStore"), mnuAddNewStore_Click);
     commands.Add(QStringLiteral("mnuEnterItemCategories"), mnuEnterItemCategories_Click);
     commands.Add(QStringLiteral("mnuImportStoreMap"), mnuImportStoreMap_Click);

@@ -3,6 +3,7 @@
 #include "core/Globals.h"
 #include "core/Values.h"
 #include "platform/Recordset.h"
+#include "platform/Ui.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -37,3 +38,27 @@ QString frmSelectStore::SelectedStore() const {
 }
 
 int frmSelectStore::StoreCount() const { return lstStores->count(); }
+
+frmSelectStore::frmSelectStore(Purpose purpose, QWidget* parent) : frmSelectStore(Prompt(purpose), parent) {}
+
+QString frmSelectStore::Prompt(Purpose purpose) {
+    switch (purpose) {
+    case Setup:
+        return QStringLiteral("Select the store that you wish to use for the setup.");
+    case LayoutPrint:
+        return QStringLiteral("Select the Store that you wish to print a layout for.");
+    case ListArrangement:
+        return QStringLiteral("Select the Store that you wish to have the current Shopping List arranged for.");
+    case MapExport:
+        return QStringLiteral("Select the Store whose Map you wish to export to a file.");
+    case LineAssignment:
+        return QStringLiteral("Select the Store you would like to assign to the selected List Item");
+    }
+    return QString();
+}
+
+QString frmSelectStore::Choose(Purpose purpose, QWidget* parent) {
+    frmSelectStore pick(purpose, parent);
+    if (TheUi().ShowModal(&pick) != QDialog::Accepted) return QString();
+    return pick.SelectedStore();
+}

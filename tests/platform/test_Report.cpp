@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
 
 using ReportTest = LarderTest;
 
@@ -28,7 +31,46 @@ QByteArray ReadAll(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// The PDF's text as laid out on the page, "" when pdftotext is missing.
+QString PdfLayout(const QString& pdf) {
+    if (QStandardPaths::findExecutable("pdftotext").isEmpty()) return QString();
+    QProcess tool;
+    tool.start("pdftotext", {"-layout", pdf, "-"});
+    tool.waitForFinished(20000);
+    return QString::fromUtf8(tool.readAllStandardOutput());
+}
+
 }  // namespace
+
+TEST_F(ReportTest, OnPaperColumnsStandApartLongTextsWrapInTheirColumnAndPagesAreNumbered) {
+    Report report("Products");
+    report.SetColumns(
+        QList<Report::Column>{{"Product"}, {"Cost", Qt::AlignRight}, {"Last bought"}, {"Times", Qt::AlignRight}});
+    report.AddGroup("Acme");
+    report.AddRow(
+        {"Bananas family size value pack with an extra long description that cannot fit on one line of "
+         "the page beside the other columns",
+         "$0.00", "11/18/2026", "7"});
+    for (int i = 0; i < 120; ++i) report.AddRow({QString("Plain item %1").arg(i), "$1.25", "11/18/2026", "3"});
+    report.AddTotal({"Total", "$150.00", "", ""});
+    ASSERT_TRUE(report.SavePdf(HomeFile("products.pdf")));
+    const QString text = PdfLayout(HomeFile("products.pdf"));
+    if (text.isEmpty()) GTEST_SKIP() << "pdftotext (poppler-utils) is not installed";
+    const QStringList lines = text.split('\n');
+    EXPECT_TRUE(QRegularExpression(R"(Product\s+Cost\s+Last bought\s+Times)").match(text).hasMatch());
+    // The long name wraps under itself while its row's other cells stay on its first line.
+    const int first = int(lines.indexOf(QRegularExpression(R"(^\s*Bananas family.*\$0\.00\s+11/18/2026\s+7\s*$)")));
+    ASSERT_GE(first, 0) << text.left(800).toStdString();
+    EXPECT_FALSE(lines[first + 1].contains("Plain item"));
+    EXPECT_FALSE(lines[first + 1].contains("$"));
+    const int count = text.count(QRegularExpression(R"(Page \d+ of \d+)"));
+    ASSERT_GE(count, 2);
+    EXPECT_TRUE(text.contains(QString("Page %1 of %1").arg(count)));
+    // Every page repeats the column header, and the open group says it goes on.
+    EXPECT_EQ(text.count(QRegularExpression(R"(Product\s+Cost\s+Last bought)")), count);
+    EXPECT_TRUE(text.contains("Acme (continued)"));
+    EXPECT_TRUE(QRegularExpression(R"(Total\s+\$150\.00)").match(text).hasMatch());
+}
 
 TEST_F(ReportTest, HtmlAndTextCarryTheSameContentInOrder) {
     const Report report = Sample();
