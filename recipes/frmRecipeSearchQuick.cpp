@@ -105,9 +105,8 @@ bool frmRecipeSearchQuick::cmdFindNext_Click() {
     MainPanes& panes = MainPanes::Instance();
     QList<QStandardItem*> nodes;
     Walk(panes.recipes.invisibleRootItem(), nodes);
-    // From the last find on, or from the node the tree has selected.
-    QStandardItem* from = last_ ? last_ : panes.CurrentNode(panes.recipes);
-    qsizetype start = from ? nodes.indexOf(from) + 1 : 0;
+    // From the last find on; a new text starts at the top.
+    const qsizetype start = last_ ? nodes.indexOf(last_) + 1 : 0;
     for (qsizetype i = start; i < nodes.size(); ++i) {
         QStandardItem* node = nodes[i];
         if (optCurrentCategories->isChecked() && !MainPanes::IsRecipeNode(node)) continue;
