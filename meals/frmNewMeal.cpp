@@ -569,8 +569,9 @@ bool frmNewMeal::AddRecipeAsCourse(const QString& mealName, const QString& cours
 }
 
 bool frmNewMeal::eventFilter(QObject* watched, QEvent* event) {
-    const bool onMeals = watched == tvMealList->viewport();
-    const bool onRecipes = watched == tvRecipes->viewport();
+    // The trees are watched from their making on, before both exist.
+    const bool onMeals = tvMealList && watched == tvMealList->viewport();
+    const bool onRecipes = tvRecipes && watched == tvRecipes->viewport();
     if (!onMeals && !onRecipes) return GuardedDialog::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::DragEnter:

@@ -32,13 +32,13 @@ public:
     enum Grouping { ByCourse = 1, ByCourseAndCategory = 2 };
     enum ListColumn { colItem, colQty, colManufacturer, colSize, colStyle, colCpn };
 
-    QTreeWidget* tvRecipes;
-    QTreeWidget* tvMealList;
-    QTreeWidget* lvShoppingList;
-    QTreeWidget* lvGuests;
-    QToolBar* tbMeal;
-    QToolBar* tbShopList;
-    QToolBar* tbGuests;
+    QTreeWidget* tvRecipes = nullptr;
+    QTreeWidget* tvMealList = nullptr;
+    QTreeWidget* lvShoppingList = nullptr;
+    QTreeWidget* lvGuests = nullptr;
+    QToolBar* tbMeal = nullptr;
+    QToolBar* tbShopList = nullptr;
+    QToolBar* tbGuests = nullptr;
 
     // The planner on show, made and shown when there is none.
     static frmNewMeal* Open();
