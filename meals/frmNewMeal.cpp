@@ -87,6 +87,12 @@ QString MealtimeWord(const QString& keyed) {
 // Numbers as the running list writes them: no trailing zeros.
 QString NumberText(double value) { return QString::number(value, 'g', 12); }
 
+// A course that holds a recipe carries the recipe's picture, so a planned
+// course stands out from an empty one among the grey course lines.
+void MarkCourse(QTreeWidgetItem* course, bool holds) {
+    course->setIcon(0, holds ? PaneIcon(QStringLiteral("Recipe")) : QIcon());
+}
+
 // Recipe trees hand out the dragged recipe's title in the program's own kind.
 class RecipeTree : public QTreeWidget {
 public:
@@ -147,6 +153,8 @@ void frmNewMeal::BuildLayout() {
     tvMealList->setHeaderLabel(QStringLiteral("Meals"));
     tvMealList->setAcceptDrops(true);
     tvMealList->setDragDropMode(QAbstractItemView::DropOnly);
+    tvMealList->setAutoExpandDelay(600);
+    for (QTreeWidget* tree : {tvRecipes, tvMealList}) tree->setHeaderHidden(true);
 
     lvShoppingList = makeTree(QStringLiteral("lvShoppingList"), false);
     lvShoppingList->setRootIsDecorated(false);
@@ -157,6 +165,7 @@ void frmNewMeal::BuildLayout() {
     lvGuests = makeTree(QStringLiteral("lvGuests"), false);
     lvGuests->setRootIsDecorated(false);
     lvGuests->setHeaderLabel(QStringLiteral("Guests"));
+    lvGuests->setHeaderHidden(true);
 
     auto toolbar = [this](const QString& name, const QList<QPair<QString, QString>>& keys, auto handler) {
         auto* bar = new QToolBar(this);
@@ -425,14 +434,22 @@ QTreeWidgetItem* frmNewMeal::CreateEmptyNode(const QString& name, bool withConte
                              QString::fromLatin1(course.path),
                          QString());
                 node->setForeground(0, kCourseColour);
+                MarkCourse(node, text != QString::fromLatin1(course.label));
                 time->addChild(node);
             }
             root->addChild(time);
         }
         tvMealList->addTopLevelItem(root);
-        if (Registry().ExpandNewMealDate()) tvMealList->expandItem(root);
         root->setExpanded(true);
-        for (int t = 0; t < root->childCount(); ++t) root->child(t)->setExpanded(Registry().ExpandNewMealDate());
+        // A mealtime that holds recipes always shows them; empty ones open
+        // as the setting says, or when a recipe is dragged over them.
+        const bool expand = Registry().ExpandNewMealDate();
+        for (int t = 0; t < root->childCount(); ++t) {
+            QTreeWidgetItem* time = root->child(t);
+            bool filled = false;
+            for (int c = 0; c < time->childCount(); ++c) filled = filled || HoldsRecipe(time->child(c));
+            time->setExpanded(expand || filled);
+        }
         // A saved meal brings its recipes onto the running list.
         for (const QString& title : RecipesOf(root)) AdjustShoppingList(title, 2);
         return root;
@@ -535,6 +552,8 @@ void frmNewMeal::tvMealList_DragDrop(QTreeWidgetItem* target, const QString& tit
         return;
     }
     target->setText(0, title);
+    MarkCourse(target, true);
+    if (target->parent()) target->parent()->setExpanded(true);
     step([&] { clsRecipies().UpdateTimesUsed(title); });
     step([&] { AdjustShoppingList(title, 2); });
     SetChanged(true);
@@ -775,7 +794,7 @@ void frmNewMeal::mnuSaveCourseAsMeal_Click() {
             }
             rs.Close();
             course->setText(0, LabelOf(course));
-            course->setIcon(0, QIcon());
+            MarkCourse(course, false);
         }
     });
 }
@@ -798,6 +817,7 @@ void frmNewMeal::mnuRemoveRecipeFromMeal_Click() {
         if (!HoldsRecipe(course)) continue;
         const QString title = course->text(0);
         course->setText(0, LabelOf(course));
+        MarkCourse(course, false);
         Trap(QStringLiteral("NewMeal.RemoveRecipe"), [&] { AdjustShoppingList(title, 1); });
         removed = true;
     }

@@ -31,6 +31,8 @@ frmRecipeList::frmRecipeList(QWidget* parent) : QDialog(parent) {
 }
 
 void frmRecipeList::Fill(const QString& sql) {
+    // Sorting waits until every row is in, rather than placing each one.
+    lvRecipes->setSortingEnabled(false);
     lvRecipes->clear();
     Recordset rs;
     rs.Open(sql, ConnectionMain(), adOpenForwardOnly, adLockReadOnly);
@@ -49,6 +51,7 @@ void frmRecipeList::Fill(const QString& sql) {
         rows << row;
     }
     lvRecipes->addTopLevelItems(rows);
+    lvRecipes->setSortingEnabled(true);
     for (int c = 0; c < 3; ++c) lvRecipes->resizeColumnToContents(c);
     setWindowTitle(QStringLiteral("Recipe List (%1)").arg(rows.size()));
 }

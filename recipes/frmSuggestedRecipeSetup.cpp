@@ -143,8 +143,9 @@ void frmSuggestedRecipeSetup::cmdSelection_Click() {
 }
 
 void frmSuggestedRecipeSetup::cmdOptions_Click() {
-    frOptions->setVisible(!frOptions->isVisible());
-    cmdOptions->setText(frOptions->isVisible() ? QStringLiteral("Hide &Options") : QStringLiteral("Show &Options"));
+    const bool show = frOptions->isHidden();
+    frOptions->setVisible(show);
+    cmdOptions->setText(show ? QStringLiteral("Hide &Options") : QStringLiteral("Show &Options"));
 }
 
 void frmSuggestedRecipeSetup::cmdMoreOptions_Click() {
