@@ -3,6 +3,7 @@
 #include "core/CommandRegistry.h"
 #include "core/Globals.h"
 #include "platform/Ui.h"
+#include "recipes/frmRecipePreferences.h"
 #include "recipes/frmRecipeSearch.h"
 #include "recipes/frmRecipeSearchQuick.h"
 #include "recipes/frmSuggestedRecipeSetup.h"
@@ -26,12 +27,18 @@ void mnuSuggetARecipe_Click() {
     TheUi().ShowModal(setup.get());
 }
 
+void mnuViewRecipePrefs_Click() {
+    std::unique_ptr<frmRecipePreferences> screen(new frmRecipePreferences(MainWindow()));
+    TheUi().ShowModal(screen.get());
+}
+
 void Register(CommandRegistry& commands) {
     // Searching the cookbook on show is a walk of the tree that shows it.
     commands.Add(QStringLiteral("mnuPOPSearchCurrentCookbook"), mnuPOPFindRecipie_Click);
     commands.Add(QStringLiteral("mnuPOPFindRecipie"), mnuPOPFindRecipie_Click);
     commands.Add(QStringLiteral("mnuPOPRecipeAdvancedSearch"), mnuPOPRecipeAdvancedSearch_Click);
     commands.Add(QStringLiteral("mnuSuggetARecipe"), mnuSuggetARecipe_Click);
+    commands.Add(QStringLiteral("mnuViewRecipePrefs"), mnuViewRecipePrefs_Click);
 }
 
 }  // namespace SearchCommands

@@ -10,4 +10,5 @@ void Register(CommandRegistry& commands);
 void mnuPOPFindRecipie_Click();
 void mnuPOPRecipeAdvancedSearch_Click();
 void mnuSuggetARecipe_Click();
+void mnuViewRecipePrefs_Click();
 }  // namespace SearchCommands

@@ -3,6 +3,7 @@
 #include "recipes/QuickSearchFile.h"
 #include "recipes/RecipePane.h"
 #include "recipes/frmRecipeList.h"
+#include "recipes/frmRecipePreferences.h"
 #include "recipes/frmRecipeSearch.h"
 #include "recipes/frmRecipeSearchQuick.h"
 #include "recipes/modSuggest.h"
@@ -155,6 +156,22 @@ TEST_F(SearchTest, QuickFindWalksTheTreeAndKeepsItsEntriesWhenAsked) {
     EXPECT_EQ(QuickSearchFile::Load(), QStringList({"soup", "Soup", "Soups"}));
     frmRecipeSearchQuick again;
     EXPECT_EQ(again.cboSearch->count(), 3);
+}
+
+TEST_F(SearchTest, PreferencesListTheUsedRecipesAndAClearedCountLeaves) {
+    rows::Recipe("Stew", "Dinner", "General", {{"TimesUsed", 9}});
+    rows::Recipe("Toast", "Breakfast", "General", {{"TimesUsed", 2}});
+    rows::Recipe("Salad", "Lunch", "General", {{"TimesUsed", 0}});
+    rows::Add("History", {{"Category", "Lunch"}, {"TimesUsed", 1}});
+    rows::Add("History", {{"Category", "Dinner"}, {"TimesUsed", 5}});
+    frmRecipePreferences f;
+    ASSERT_EQ(f.lvFrequentRecipes->topLevelItemCount(), 2);
+    EXPECT_EQ(f.lvFrequentRecipes->topLevelItem(0)->text(0), "Toast");
+    EXPECT_EQ(f.lvFrequentCategories->topLevelItem(0)->text(0), "Dinner");
+    f.lvFrequentRecipes->setCurrentItem(f.lvFrequentRecipes->topLevelItem(1));
+    f.mnuClearUseCount_Click();
+    ASSERT_EQ(f.lvFrequentRecipes->topLevelItemCount(), 1);
+    EXPECT_EQ(f.lvFrequentRecipes->topLevelItem(0)->text(0), "Toast");
 }
 
 }  // namespace
