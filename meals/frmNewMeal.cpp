@@ -132,7 +132,8 @@ frmNewMeal::frmNewMeal(QWidget* parent) : GuardedDialog(parent) {
 }
 
 frmNewMeal::~frmNewMeal() {
-    if (open_ == this) SetMealBeingEdited(false);
+    // An unsaved plan that goes with its window no longer holds any meal.
+    if (changed_) SetMealBeingEdited(false);
 }
 
 void frmNewMeal::BuildLayout() {

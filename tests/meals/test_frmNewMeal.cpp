@@ -1,4 +1,7 @@
+#include "core/ChangeNotices.h"
 #include "core/Globals.h"
+#include "core/MainPanes.h"
+#include "meals/MealPane.h"
 #include "meals/frmNewMeal.h"
 #include "meals/frmNewMealName.h"
 
@@ -7,6 +10,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTreeWidget>
 
 namespace {
@@ -128,9 +132,14 @@ TEST_F(PlannerTest, SavingAWeekWritesOneRowPerMealtimeAndReopensWithItsCourses) 
         f.tvMealList_DragDrop(Course(f, monday, "Meal//Dinner//Main Course"), "Pancakes");
         f.tvMealList_DragDrop(Course(f, monday, "Meal//Dinner//Desert"), "Bread");
         f.tvMealList_DragDrop(Course(f, tuesday, "Meal//Breakfast//Appetizer"), "Crepes");
+        QSignalSpy reloads(&ChangeNotices::Instance(), &ChangeNotices::LoadMealList);
         ui.answer(Answer::Yes);
         f.cmdSave_Click();
         EXPECT_EQ(LastBox(), "Save...: This will save the entire current list, Continue?");
+        // The window reads the meals once, and the planned days turn bold.
+        EXPECT_EQ(reloads.count(), 1);
+        MealPane::LoadMealList();
+        EXPECT_EQ(MainPanes::Instance().boldMealDates, QSet<QDate>({QDate(2026, 11, 23), QDate(2026, 11, 24)}));
         EXPECT_FALSE(f.Changed());
         EXPECT_FALSE(MealBeingEdited());
     }
