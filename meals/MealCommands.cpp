@@ -2,9 +2,13 @@
 
 #include "core/CommandRegistry.h"
 #include "core/Globals.h"
+#include "core/MainPanes.h"
 #include "core/clsRegistry.h"
 #include "meals/clsMeal.h"
+#include "meals/frmNewMeal.h"
 #include "platform/Ui.h"
+
+#include <QStandardItem>
 
 namespace MealCommands {
 
@@ -28,8 +32,23 @@ void mnuPurgeExpiredMeals_Click() {
            QStringLiteral("Purge Complete"));
 }
 
+void mnuNewMeal_Click() { frmNewMeal::Open(); }
+
+void mnuSAMEditMealList_Click() {
+    MainPanes& panes = MainPanes::Instance();
+    QStandardItem* node = panes.CurrentNode(panes.meals);
+    while (node && node->parent()) node = node->parent();
+    if (!node) {
+        frmNewMeal::Open();
+        return;
+    }
+    frmNewMeal::OpenForMeal(node->text());
+}
+
 void Register(CommandRegistry& commands) {
     commands.Add(QStringLiteral("mnuPurgeExpiredMeals"), mnuPurgeExpiredMeals_Click);
+    commands.Add(QStringLiteral("mnuNewMeal"), mnuNewMeal_Click);
+    commands.Add(QStringLiteral("mnuSAMEditMealList"), mnuSAMEditMealList_Click);
 }
 
 }  // namespace MealCommands
