@@ -10,8 +10,11 @@
 #include "platform/Ui.h"
 #include "recipes/RecipeComparisons.h"
 #include "recipes/clsRecipies.h"
+#include "recipes/frmNewRecipies.h"
+#include "recipes/frmRecipieQuickView.h"
 
 #include <QStandardItem>
+#include <memory>
 
 namespace {
 
@@ -145,7 +148,39 @@ void mnuPOPRecipieAddToShopList_Click() {
     AddRecipeToCurrentList(title);
 }
 
+void mnuEnterRecipies_Click() {
+    frmNewRecipies form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void EditRecipe(const QString& title) {
+    frmNewRecipies form(MainWindow());
+    form.SetRecipe(QStringLiteral("EDIT") + title);
+    // A recipe that could not be found has closed the screen already.
+    if (!form.RecipeFound()) return;
+    TheUi().ShowModal(&form);
+}
+
+void DisplayRecipe(const QString& title) {
+    auto* form = new frmRecipieQuickView(MainWindow());
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->ImagePath = clsRecipies().GetRecipeImage(title);
+    form->Display(title);
+    TheUi().ShowModeless(form, MainWindow());
+}
+
+void mnuPOPEditRecipie_Click() {
+    if (QStandardItem* node = SelectedRecipe()) EditRecipe(node->text());
+}
+
+void mnuPOPDisplayRecipie_Click() {
+    if (QStandardItem* node = SelectedRecipe()) DisplayRecipe(node->text());
+}
+
 void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuEnterRecipies"), mnuEnterRecipies_Click);
+    commands.Add(QStringLiteral("mnuPOPEditRecipie"), mnuPOPEditRecipie_Click);
+    commands.Add(QStringLiteral("mnuPOPDisplayRecipie"), mnuPOPDisplayRecipie_Click);
     commands.Add(QStringLiteral("mnuCloseCookbook"), mnuCloseCookbook_Click);
     commands.Add(QStringLiteral("mnuClearRecipeComparasions"), mnuClearRecipeComparasions_Click);
     commands.Add(QStringLiteral("mnuPOPToggleFavorite"), mnuPOPToggleFavorite_Click);
