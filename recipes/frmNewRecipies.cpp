@@ -339,6 +339,12 @@ bool frmNewRecipies::eventFilter(QObject* watched, QEvent* event) {
         auto* box = qobject_cast<QComboBox*>(w);
         return watched == w || (box && watched == box->lineEdit());
     };
+    // A completed name takes the list's own spelling.
+    for (QComboBox* box : {cboUnit, cboItem}) {
+        if (!is(box)) continue;
+        const int at = box->findText(box->currentText(), Qt::MatchFixedString);
+        if (at >= 0 && box->itemText(at) != box->currentText()) box->setCurrentIndex(at);
+    }
     if (is(txtName)) {
         cboStyle->setFocus();
     } else if (is(cboQuantity)) {
