@@ -140,7 +140,10 @@ frmNewRecipies::frmNewRecipies(QWidget* parent) : GuardedDialog(parent) {
     auto* servesLabel = new QLabel(QStringLiteral("Ser&ves:"), general);
     servesLabel->setBuddy(cboServes);
     generalForm->addRow(servesLabel, servesRow);
-    generalForm->addRow(QString(), cmdAddPhoto);
+    auto* photoRow = new QHBoxLayout;
+    photoRow->addWidget(cmdAddPhoto);
+    photoRow->addStretch(1);
+    generalForm->addRow(QString(), photoRow);
 
     // --- Ingredient
     auto* ingredient = new QWidget(this);
@@ -165,6 +168,10 @@ frmNewRecipies::frmNewRecipies(QWidget* parent) : GuardedDialog(parent) {
     lvIngredients->setAlternatingRowColors(true);
     lvIngredients->setContextMenuPolicy(Qt::CustomContextMenu);
     lvIngredients->setMinimumHeight(220);
+    lvIngredients->headerItem()->setTextAlignment(colQty, Qt::AlignRight | Qt::AlignVCenter);
+    // The columns keep their shares of the width as the window grows.
+    lvIngredients->header()->setStretchLastSection(false);
+    lvIngredients->viewport()->installEventFilter(this);
     mnuPopupMenu = new QMenu(this);
     mnuEditIngredient = mnuPopupMenu->addAction(QStringLiteral("&Edit Ingredient"));
     mnuEditIngredient->setObjectName(QStringLiteral("mnuEditIngredient"));
@@ -332,6 +339,12 @@ void frmNewRecipies::cmdNext_Click() { ShowStep(frRecipeStep->currentIndex() + 1
 void frmNewRecipies::cmdPrevious_Click() { ShowStep(frRecipeStep->currentIndex() - 1); }
 
 bool frmNewRecipies::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lvIngredients->viewport() && event->type() == QEvent::Resize) {
+        const int width = lvIngredients->viewport()->width();
+        const int shares[] = {50, 10, 10, 30};
+        for (int c = colItem; c <= colPrep; ++c) lvIngredients->setColumnWidth(c, width * shares[c] / 100);
+        return false;
+    }
     if (event->type() != QEvent::KeyPress) return GuardedDialog::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return GuardedDialog::eventFilter(watched, event);

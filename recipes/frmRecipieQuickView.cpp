@@ -1,6 +1,7 @@
 #include "recipes/frmRecipieQuickView.h"
 
 #include "core/ChangeNotices.h"
+#include "core/modEffects.h"
 #include "measures/frmMeasures.h"
 #include "platform/TextFile.h"
 #include "platform/Ui.h"
@@ -98,7 +99,14 @@ frmRecipieQuickView::frmRecipieQuickView(QWidget* parent) : QDialog(parent) {
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(tbRecipe);
     layout->addWidget(txtRecipie, 1);
-    resize(620, 560);
+    resize(860, 560);
+    RestoreFormPosition(this);
+}
+
+void frmRecipieQuickView::hideEvent(QHideEvent* event) {
+    const QRect frame = frameGeometry();
+    SaveFormPosition(this, frame.top(), height(), width(), frame.left());
+    QDialog::hideEvent(event);
 }
 
 QAction* frmRecipieQuickView::Button(const QString& key) const {

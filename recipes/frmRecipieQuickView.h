@@ -36,6 +36,9 @@ public Q_SLOTS:
     void tbRecipe_ButtonClick(const QString& key);
     void tbRecipe_ButtonMenuClick(const QString& key);
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void ComingSoon();
     QString SaveFolder();
