@@ -10,7 +10,10 @@
 #include "platform/Ui.h"
 #include "recipes/RecipeComparisons.h"
 #include "recipes/clsRecipies.h"
+#include "recipes/frmAddRecipeCategory.h"
+#include "recipes/frmNewCookbook.h"
 #include "recipes/frmNewRecipies.h"
+#include "recipes/frmRecStyles.h"
 #include "recipes/frmRecipieQuickView.h"
 
 #include <QStandardItem>
@@ -177,7 +180,28 @@ void mnuPOPDisplayRecipie_Click() {
     if (QStandardItem* node = SelectedRecipe()) DisplayRecipe(node->text());
 }
 
+void mnuPOPAddRecipeCategory_Click() {
+    QStandardItem* node = SelectedRecipe();
+    if (!node) return;
+    frmAddRecipeCategory form(node->text(), MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuNewCookbook_Click() {
+    frmNewCookbook form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuRecStyles_Click() {
+    frmRecStyles form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
 void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuPOPAddRecipeCategory"), mnuPOPAddRecipeCategory_Click);
+    commands.Add(QStringLiteral("mnuNewItem"), mnuNewCookbook_Click);
+    commands.Add(QStringLiteral("mnuNewCookbook"), mnuNewCookbook_Click);
+    commands.Add(QStringLiteral("mnuRecStyles"), mnuRecStyles_Click);
     commands.Add(QStringLiteral("mnuEnterRecipies"), mnuEnterRecipies_Click);
     commands.Add(QStringLiteral("mnuPOPEditRecipie"), mnuPOPEditRecipie_Click);
     commands.Add(QStringLiteral("mnuPOPDisplayRecipie"), mnuPOPDisplayRecipie_Click);

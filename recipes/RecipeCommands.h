@@ -20,6 +20,9 @@ void mnuPOPRecipieAddToShopList_Click();
 void mnuEnterRecipies_Click();
 void mnuPOPEditRecipie_Click();
 void mnuPOPDisplayRecipie_Click();
+void mnuPOPAddRecipeCategory_Click();
+void mnuNewCookbook_Click();
+void mnuRecStyles_Click();
 
 // The entry screen over the recipe titled `title`, for changing it.
 void EditRecipe(const QString& title);
