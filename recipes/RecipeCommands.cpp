@@ -11,6 +11,9 @@
 #include "recipes/RecipeComparisons.h"
 #include "recipes/clsRecipies.h"
 #include "recipes/frmAddRecipeCategory.h"
+#include "recipes/frmAllCookBooks.h"
+#include "recipes/frmChangeRecipeCookbook.h"
+#include "recipes/frmRecCourses.h"
 #include "recipes/frmNewCookbook.h"
 #include "recipes/frmNewRecipies.h"
 #include "recipes/frmRecStyles.h"
@@ -197,7 +200,29 @@ void mnuRecStyles_Click() {
     TheUi().ShowModal(&form);
 }
 
+void mnuOpenCookbook_Click() {
+    frmAllCookBooks form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuCourseMapping_Click() {
+    frmRecCourses form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuEditRecipeCookbook_Click() {
+    frmChangeRecipeCookbook form(MainWindow());
+    TheUi().ShowModal(&form);
+    // The tree shows the current cookbook, which may have gained or lost recipes.
+    Q_EMIT Notices().LoadRecipies();
+}
+
 void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuOpenCookbook"), mnuOpenCookbook_Click);
+    commands.Add(QStringLiteral("mnuAllCookbooks"), mnuOpenCookbook_Click);
+    commands.Add(QStringLiteral("mnuCourseMapping"), mnuCourseMapping_Click);
+    commands.Add(QStringLiteral("mnuEditRecipeCookbook"), mnuEditRecipeCookbook_Click);
+    commands.Add(QStringLiteral("mnuMoveRecipies"), mnuEditRecipeCookbook_Click);
     commands.Add(QStringLiteral("mnuPOPAddRecipeCategory"), mnuPOPAddRecipeCategory_Click);
     commands.Add(QStringLiteral("mnuNewItem"), mnuNewCookbook_Click);
     commands.Add(QStringLiteral("mnuNewCookbook"), mnuNewCookbook_Click);

@@ -23,6 +23,9 @@ void mnuPOPDisplayRecipie_Click();
 void mnuPOPAddRecipeCategory_Click();
 void mnuNewCookbook_Click();
 void mnuRecStyles_Click();
+void mnuOpenCookbook_Click();
+void mnuCourseMapping_Click();
+void mnuEditRecipeCookbook_Click();
 
 // The entry screen over the recipe titled `title`, for changing it.
 void EditRecipe(const QString& title);
