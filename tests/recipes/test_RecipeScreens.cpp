@@ -3,6 +3,10 @@
 #include "core/clsRegistry.h"
 #include "recipes/RecipeCommands.h"
 #include "recipes/frmAddRecipeCategory.h"
+#include "recipes/frmAllCookBooks.h"
+#include "recipes/frmChangeRecipeCookbook.h"
+#include "recipes/frmRecCourses.h"
+#include "recipes/frmSpecialtySelect.h"
 #include "recipes/frmCookbookRecipies.h"
 #include "recipes/frmNewCookbook.h"
 #include "recipes/frmRecStyles.h"
@@ -17,6 +21,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QStackedWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -42,6 +48,11 @@ protected:
     static QStringList Texts(QTreeWidget* list, int column = 0) {
         QStringList out;
         for (int i = 0; i < list->topLevelItemCount(); ++i) out << list->topLevelItem(i)->text(column);
+        return out;
+    }
+    static QStringList Texts(QListWidget* list) {
+        QStringList out;
+        for (int i = 0; i < list->count(); ++i) out << list->item(i)->text();
         return out;
     }
 };
@@ -172,6 +183,94 @@ TEST_F(RecipeScreensTest, TheRecipeWindowShowsSetsTheCourseSavesTextAndAddsToThe
     view->tbRecipe_ButtonClick("AddToList");
     EXPECT_EQ(rows::Count("SELECT * FROM ShopList WHERE [Name] = 'Weekly'"), 1);
     delete view;
+}
+
+TEST_F(RecipeScreensTest, AllCookbooksAddsWithASpecialtyAndOpensTheChosenOne) {
+    rows::Add("Cookbook", {{"Name", "Breads"}, {"Specialty", "Baking"}});
+    rows::Set("SELECT * FROM Recipie WHERE Title = 'Trout'", "Favorite", true);
+    frmAllCookBooks f;
+    EXPECT_EQ(Texts(f.lvAllCookbooks), (QStringList{"Breads", "Family", "General"}));
+    Select(f.lvAllCookbooks, "Family");
+    EXPECT_EQ(f.lvAllCookbooks->currentItem()->text(1), "2");
+    EXPECT_EQ(f.lvAllCookbooks->currentItem()->text(2), "1");
+    EXPECT_EQ(Texts(f.lvSpecialtyCookbooks), QStringList{"Breads"});
+
+    f.txtName->setText("Pies");
+    ui.answer(Answer::OK);
+    f.cmdAddCookbook->click();
+    EXPECT_EQ(LastBox(), "Larderkeep: You must either enter a Specialty or 'None' for this Cookbook.");
+    ui.answerModal([](QDialog* d) {
+        auto* select = qobject_cast<frmSpecialtySelect*>(d);
+        EXPECT_EQ(select->lstSpecialties->count(), 2);  // Baking, None
+        select->lstSpecialties->setCurrentRow(0);
+        return int(QDialog::Accepted);
+    });
+    f.cmdSpecialty->click();
+    EXPECT_EQ(f.txtSpecialty->text(), "Baking");
+    f.txtName->setText("Breads");
+    ui.answer(Answer::OK);
+    f.cmdAddCookbook->click();
+    EXPECT_EQ(LastBox(), "Larderkeep: That Cookbook has already been entered, please re-enter.");
+    f.txtName->setText("Pies");
+    f.cmdAddCookbook->click();
+    EXPECT_EQ(Texts(f.lvSpecialtyCookbooks), (QStringList{"Breads", "Pies"}));
+
+    f.tvCookbooks->setCurrentItem(f.tvCookbooks->topLevelItem(1));
+    Select(f.lvSpecialtyCookbooks, "Pies");
+    f.cmdOpenCookbook->click();
+    EXPECT_EQ(CurrentCookbook, "Pies");
+    CurrentCookbook.clear();
+}
+
+TEST_F(RecipeScreensTest, CourseMappingMovesCategoriesAndSavesTheMap) {
+    rows::Add("Course", {{"Category", "Soups"}, {"Course", "Appetizer"}});
+    frmRecCourses f;
+    EXPECT_EQ(Texts(f.lstAppetizers), QStringList{"Soups"});
+    f.lstCategories->clearSelection();
+    ui.answer(Answer::OK);
+    f.cmdAddMainCourse->click();
+    EXPECT_EQ(LastBox(), "Larderkeep: You must first select an Item before moving it.");
+    f.lstCategories->findItems("Fish", Qt::MatchExactly)[0]->setSelected(true);
+    f.cmdAddMainCourse->click();
+    EXPECT_TRUE(f.Changed());
+    ui.answer(Answer::Yes);
+    f.close();
+    EXPECT_EQ(LastBox(), "Save Changes: Do you wish to save the changes before exiting?");
+    EXPECT_EQ(rows::Joined("SELECT * FROM Course ORDER BY Category", {"Category", "Course"}),
+              (QStringList{"Fish|Main Course", "Soups|Appetizer"}));
+    EXPECT_EQ(rows::Field("Recipie", "Title", "Trout", "Course").toString(), "Main Course");
+
+    frmRecCourses again;
+    ui.answer(Answer::Yes);
+    again.cmdResetAll->click();
+    EXPECT_EQ(LastBox(), "Confirm: This will reset all of the Category/Course mappings, Are you sure?");
+    again.cmdSave->click();
+    EXPECT_EQ(rows::Count("SELECT * FROM Course"), 0);
+}
+
+TEST_F(RecipeScreensTest, RecipesDroppedOnACookbookMoveAndANewCookbookIsNamedInPlace) {
+    frmChangeRecipeCookbook f;
+    QTreeWidgetItem* root = f.tvCookbooks->topLevelItem(0);
+    ASSERT_EQ(root->childCount(), 2);
+    ui.answer(Answer::OK);
+    EXPECT_EQ(f.DropRecipes(root, {"Toast"}), 0);
+    EXPECT_EQ(LastBox(), "Notice: 'Cookbooks' is not a Cookbook.");
+    QTreeWidgetItem* general = root->child(1);
+    ASSERT_EQ(general->text(0), "General");
+    EXPECT_EQ(f.DropRecipes(general, {"Chowder", "Trout"}), 2);
+    EXPECT_EQ(rows::Count("SELECT * FROM Recipie WHERE CookbookName = 'General'"), 3);
+
+    f.mnuAddNewCookbook->trigger();
+    QTreeWidgetItem* added = root->child(root->childCount() - 1);
+    EXPECT_EQ(added->text(0), "<Enter Cookbook>");
+    ui.answer(Answer::OK);
+    added->setText(0, "General");
+    EXPECT_EQ(LastBox(), "Cookbook Exists: That Cookbook already exists. Please re-enter.");
+    added->setText(0, "Weeknights");
+    EXPECT_EQ(rows::Count("SELECT * FROM Cookbook WHERE Name = 'Weeknights'"), 1);
+    EXPECT_EQ(f.DropRecipes(added, {"Toast"}), 1);
+    EXPECT_EQ(rows::Field("Recipie", "Title", "Toast", "CookbookName").toString(), "Weeknights");
+    EXPECT_EQ(f.lvRecipes->findItems("Toast", Qt::MatchExactly)[0]->text(1), "Weeknights");
 }
 
 }  // namespace
