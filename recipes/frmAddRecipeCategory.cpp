@@ -70,7 +70,7 @@ frmAddRecipeCategory::frmAddRecipeCategory(const QString& title, QWidget* parent
         cboCategoryList->setEditText(row->text(0));
         cmdAdd_Click();
     });
-    resize(560, 380);
+    resize(680, 420);
     LoadCategories();
 }
 

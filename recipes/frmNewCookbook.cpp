@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFormLayout>
+#include <QHeaderView>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -47,6 +48,8 @@ frmNewCookbook::frmNewCookbook(QWidget* parent) : GuardedDialog(parent) {
     lvCookbooks->setRootIsDecorated(false);
     lvCookbooks->setUniformRowHeights(true);
     lvCookbooks->setContextMenuPolicy(Qt::CustomContextMenu);
+    // The name takes the room; the counts stay beside it.
+    lvCookbooks->header()->setStretchLastSection(false);
     mnuCookbook = new QMenu(this);
     mnuViewRecipes = mnuCookbook->addAction(QStringLiteral("&View Recipes"));
     mnuRenameCookbook = mnuCookbook->addAction(QStringLiteral("&Rename Cookbook"));
@@ -113,8 +116,11 @@ void frmNewCookbook::LoadCookbooks() {
     cboSpecialty->clear();
     cboSpecialty->addItems(specialties);
     cboSpecialty->setEditText(typed.isEmpty() ? kNone : typed);
-    for (int c = 0; c < 4; ++c) lvCookbooks->resizeColumnToContents(c);
-    lvCookbooks->setColumnWidth(0, qMax(lvCookbooks->columnWidth(0) + 16, 160));
+    for (int c = 1; c < 4; ++c) {
+        lvCookbooks->resizeColumnToContents(c);
+        lvCookbooks->setColumnWidth(c, qMax(lvCookbooks->columnWidth(c), 70) + 16);
+    }
+    lvCookbooks->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 void frmNewCookbook::cmdOK_Click() {

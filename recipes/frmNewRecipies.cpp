@@ -662,7 +662,11 @@ bool frmNewRecipies::Save() {
         rs.setField(QStringLiteral("Instructions"), txtDirections->toPlainText());
         rs.setField(QStringLiteral("Favorite"), keptFavorite.isValid() && !IsNull(keptFavorite) && CBool(keptFavorite));
         const QString cookbook = TextOf(keptCookbook);
-        rs.setField(QStringLiteral("CookbookName"), cookbook.isEmpty() ? CurrentCookbook : cookbook);
+        // With no cookbook open the recipe goes to "General", so it is always on some shelf.
+        const QString shelf = !cookbook.isEmpty()        ? cookbook
+                              : !CurrentCookbook.isEmpty() ? CurrentCookbook
+                                                           : QStringLiteral("General");
+        rs.setField(QStringLiteral("CookbookName"), shelf);
         rs.setField(QStringLiteral("TimesUsed"), keptUses.isValid() ? keptUses : QVariant(0));
         rs.Update();
         rs.Close();

@@ -111,6 +111,7 @@ TEST_F(NewRecipiesTest, AFifteenIngredientRecipeTypedWithEnterIsSavedWhole) {
 }
 
 TEST_F(NewRecipiesTest, BadIngredientLinesAreRefusedOrStoredAsTyped) {
+    CurrentCookbook.clear();
     frmNewRecipies f;
     f.txtName->setText("Odd Lines");
     // Item and unit without a quantity are refused; a quantity of blanks is the default.
@@ -140,6 +141,7 @@ TEST_F(NewRecipiesTest, BadIngredientLinesAreRefusedOrStoredAsTyped) {
     EXPECT_EQ(rows::Count("SELECT * FROM Abbreviation WHERE Abbreviation = 'handfuls-of-the-big-kind'"), 1);
     EXPECT_EQ(Col("Odd Lines", "Instructions"), "None Given.");
     EXPECT_EQ(Col("Odd Lines", "Style"), "General");
+    EXPECT_EQ(Col("Odd Lines", "CookbookName"), "General") << "with no cookbook open";
 }
 
 TEST_F(NewRecipiesTest, ASecondRecipeUnderOneTitleAsksBeforeReplacingAndKeepsTheMarks) {
