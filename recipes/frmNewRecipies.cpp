@@ -607,7 +607,9 @@ bool frmNewRecipies::Save() {
         QVariant keptFavorite, keptCookbook, keptUses;
         qint64 oldId = -1;
         if (!oldTitle.isEmpty()) {
-            QuoteSql(oldTitle);
+            // A new title is stored with its apostrophes doubled; the recipe
+            // being edited is found, and kept, under the title it has.
+            if (!edit) QuoteSql(oldTitle);
             Recordset old;
             old.Open(QStringLiteral("SELECT * FROM Recipie WHERE [Title] = ") + SqlText(oldTitle), ConnectionMain(),
                      adOpenForwardOnly, adLockReadOnly);

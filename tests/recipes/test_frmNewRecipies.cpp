@@ -181,6 +181,11 @@ TEST_F(NewRecipiesTest, QuotesInATitleAreStoredDoubledAndASecondSaveStillFindsTh
     }
     EXPECT_EQ(rows::Count("SELECT * FROM Recipie WHERE Title = 'Mom''''s \"Best\" Pie'"), 1);
     EXPECT_EQ(rows::Count("SELECT * FROM Recipie"), 1);
+    // Editing it finds the row under its stored title and keeps that title.
+    frmNewRecipies f;
+    f.SetRecipe("EDITMom''s \"Best\" Pie");
+    f.cmdAdd->click();
+    EXPECT_EQ(rows::Column("SELECT * FROM Recipie", "Title"), QStringList{"Mom''s \"Best\" Pie"});
 }
 
 TEST_F(NewRecipiesTest, AnEditKeepsAllTwentyLinesAndAFailedSaveKeepsTheRecipe) {
