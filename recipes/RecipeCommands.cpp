@@ -10,8 +10,17 @@
 #include "platform/Ui.h"
 #include "recipes/RecipeComparisons.h"
 #include "recipes/clsRecipies.h"
+#include "recipes/frmAddRecipeCategory.h"
+#include "recipes/frmAllCookBooks.h"
+#include "recipes/frmChangeRecipeCookbook.h"
+#include "recipes/frmRecCourses.h"
+#include "recipes/frmNewCookbook.h"
+#include "recipes/frmNewRecipies.h"
+#include "recipes/frmRecStyles.h"
+#include "recipes/frmRecipieQuickView.h"
 
 #include <QStandardItem>
+#include <memory>
 
 namespace {
 
@@ -145,7 +154,82 @@ void mnuPOPRecipieAddToShopList_Click() {
     AddRecipeToCurrentList(title);
 }
 
+void mnuEnterRecipies_Click() {
+    frmNewRecipies form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void EditRecipe(const QString& title) {
+    frmNewRecipies form(MainWindow());
+    form.SetRecipe(QStringLiteral("EDIT") + title);
+    // A recipe that could not be found has closed the screen already.
+    if (!form.RecipeFound()) return;
+    TheUi().ShowModal(&form);
+}
+
+void DisplayRecipe(const QString& title) {
+    auto* form = new frmRecipieQuickView(MainWindow());
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->ImagePath = clsRecipies().GetRecipeImage(title);
+    form->Display(title);
+    TheUi().ShowModeless(form, MainWindow());
+}
+
+void mnuPOPEditRecipie_Click() {
+    if (QStandardItem* node = SelectedRecipe()) EditRecipe(node->text());
+}
+
+void mnuPOPDisplayRecipie_Click() {
+    if (QStandardItem* node = SelectedRecipe()) DisplayRecipe(node->text());
+}
+
+void mnuPOPAddRecipeCategory_Click() {
+    QStandardItem* node = SelectedRecipe();
+    if (!node) return;
+    frmAddRecipeCategory form(node->text(), MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuNewCookbook_Click() {
+    frmNewCookbook form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuRecStyles_Click() {
+    frmRecStyles form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuOpenCookbook_Click() {
+    frmAllCookBooks form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuCourseMapping_Click() {
+    frmRecCourses form(MainWindow());
+    TheUi().ShowModal(&form);
+}
+
+void mnuEditRecipeCookbook_Click() {
+    frmChangeRecipeCookbook form(MainWindow());
+    TheUi().ShowModal(&form);
+    // The tree shows the current cookbook, which may have gained or lost recipes.
+    Q_EMIT Notices().LoadRecipies();
+}
+
 void Register(CommandRegistry& commands) {
+    commands.Add(QStringLiteral("mnuOpenCookbook"), mnuOpenCookbook_Click);
+    commands.Add(QStringLiteral("mnuAllCookbooks"), mnuOpenCookbook_Click);
+    commands.Add(QStringLiteral("mnuCourseMapping"), mnuCourseMapping_Click);
+    commands.Add(QStringLiteral("mnuEditRecipeCookbook"), mnuEditRecipeCookbook_Click);
+    commands.Add(QStringLiteral("mnuMoveRecipies"), mnuEditRecipeCookbook_Click);
+    commands.Add(QStringLiteral("mnuPOPAddRecipeCategory"), mnuPOPAddRecipeCategory_Click);
+    commands.Add(QStringLiteral("mnuNewItem"), mnuNewCookbook_Click);
+    commands.Add(QStringLiteral("mnuNewCookbook"), mnuNewCookbook_Click);
+    commands.Add(QStringLiteral("mnuRecStyles"), mnuRecStyles_Click);
+    commands.Add(QStringLiteral("mnuEnterRecipies"), mnuEnterRecipies_Click);
+    commands.Add(QStringLiteral("mnuPOPEditRecipie"), mnuPOPEditRecipie_Click);
+    commands.Add(QStringLiteral("mnuPOPDisplayRecipie"), mnuPOPDisplayRecipie_Click);
     commands.Add(QStringLiteral("mnuCloseCookbook"), mnuCloseCookbook_Click);
     commands.Add(QStringLiteral("mnuClearRecipeComparasions"), mnuClearRecipeComparasions_Click);
     commands.Add(QStringLiteral("mnuPOPToggleFavorite"), mnuPOPToggleFavorite_Click);

@@ -17,6 +17,20 @@ void mnuPOPPrintPreview_Click();
 void mnuPOPAddRecipeToComparison_Click();
 void mnuPOPDeleteRecipie_Click();
 void mnuPOPRecipieAddToShopList_Click();
+void mnuEnterRecipies_Click();
+void mnuPOPEditRecipie_Click();
+void mnuPOPDisplayRecipie_Click();
+void mnuPOPAddRecipeCategory_Click();
+void mnuNewCookbook_Click();
+void mnuRecStyles_Click();
+void mnuOpenCookbook_Click();
+void mnuCourseMapping_Click();
+void mnuEditRecipeCookbook_Click();
+
+// The entry screen over the recipe titled `title`, for changing it.
+void EditRecipe(const QString& title);
+// The recipe as text beside the main window.
+void DisplayRecipe(const QString& title);
 
 // The recipe onto the default shopping list, its use counted and the list pane
 // read again when that went through. With no default list the recipe goes to a
