@@ -14,6 +14,7 @@
 #include "core/modEffects.h"
 #include "coupons/CouponCommands.h"
 #include "lists/ListCommands.h"
+#include "lists/PrintCommands.h"
 #include "lists/UpdateCommands.h"
 #include "meals/MealCommands.h"
 #include "measures/MeasureCommands.h"
@@ -23,6 +24,7 @@
 #include "platform/Ui.h"
 #include "products/ProductCommands.h"
 #include "recipes/RecipeCommands.h"
+#include "recipes/SearchCommands.h"
 #include "stores/StoreCommands.h"
 
 #include <QAction>
@@ -399,6 +401,8 @@ void frmMain::RegisterCommands() {
     RecipeCommands::Register(commands_);
     StoreCommands::Register(commands_);
     UpdateCommands::Register(commands_);
+    PrintCommands::Register(commands_);
+    SearchCommands::Register(commands_);
     // A recipe's "list just for this item" opens in the list editor.
     RecipeCommands::SpecialListHook = [](const QString& title) { ListCommands::OpenSpecialList(title); };
 }

@@ -8,6 +8,7 @@
 #include "core/Values.h"
 #include "core/modVerify.h"
 #include "coupons/clsCoupon.h"
+#include "lists/frmShoppingListEditCost.h"
 #include "lists/frmShoppingListUpdateAdd.h"
 #include "platform/Clock.h"
 #include "platform/Recordset.h"
@@ -136,8 +137,7 @@ frmShoppingListUpdate::frmShoppingListUpdate(QWidget* parent) : GuardedDialog(pa
         if (slot) connect(a, &QAction::triggered, this, slot);
         return a;
     };
-    // The cost editor is a screen of its own, wired in once it exists.
-    add("mnuEditItemCost", QStringLiteral("Edit Item Cost..."), nullptr)->setEnabled(false);
+    add("mnuEditItemCost", QStringLiteral("Edit Item Cost..."), &frmShoppingListUpdate::mnuEditItemCost_Click);
     add("mnuRemoveItem", QStringLiteral("Remove Item"), &frmShoppingListUpdate::mnuRemoveItem_Click);
     add("mnuAddNewItem", QStringLiteral("Add New Item..."), &frmShoppingListUpdate::mnuAddNewItem_Click);
     mnuPopup->addSeparator();
@@ -167,7 +167,7 @@ frmShoppingListUpdate::frmShoppingListUpdate(QWidget* parent) : GuardedDialog(pa
         if (QTreeWidgetItem* item = lvListItems->itemAt(pos)) lvListItems->setCurrentItem(item);
         QTreeWidgetItem* line = Selected();
         const bool loaded = !listName_.isEmpty(), any = lvListItems->topLevelItemCount() > 0;
-        for (const char* name : {"mnuRemoveItem", "mnuSetItemsStore", "mnuSetItemsIsle", "mnuItemPriceHistory",
+        for (const char* name : {"mnuEditItemCost", "mnuRemoveItem", "mnuSetItemsStore", "mnuSetItemsIsle", "mnuItemPriceHistory",
                                  "mnuProductCostHistory"})
             Command(QString::fromLatin1(name))->setEnabled(line != nullptr);
         Command(QStringLiteral("mnuAddNewItem"))->setEnabled(loaded);
@@ -423,6 +423,16 @@ bool frmShoppingListUpdate::MayClose() {
     if (!changed_) return true;
     return MsgBox(QStringLiteral("The current changes have not been saved, Continue?"), Box::YesNo + Box::Question,
                   QStringLiteral("Exit")) == Answer::Yes;
+}
+
+void frmShoppingListUpdate::mnuEditItemCost_Click() {
+    QTreeWidgetItem* line = Selected();
+    if (!line) return;
+    const Currency old = clsProduct::CostFromText(line->text(colCost)).value_or(Currency());
+    Currency cost;
+    if (!frmShoppingListEditCost::GetNewCost(old, cost, this)) return;
+    line->setText(colCost, Format(QVariant::fromValue(cost), QStringLiteral("$##0.#0")));
+    changed_ = true;
 }
 
 void frmShoppingListUpdate::mnuRemoveItem_Click() {

@@ -54,6 +54,7 @@ public Q_SLOTS:
     void cmdApply_Click();
     void cmdSave_Click();
     void cmdCancel_Click();
+    void mnuEditItemCost_Click();
     void mnuRemoveItem_Click();
     void mnuAddNewItem_Click();
     void mnuSetItemsStore_Click();

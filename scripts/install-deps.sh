@@ -2,7 +2,7 @@
 # Installs the Debian packages the build, tests and screenshots need, and only
 # those that are missing, so a machine that has everything needs no network.
 # desktop-file-utils and appstream validate the installed launcher and
-# software-centre record in the tests.
+# software-centre record in the tests; poppler-utils reads printed reports back.
 set -euo pipefail
 
 packages=(
@@ -10,7 +10,7 @@ packages=(
   qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev qt6-qpa-plugins
   libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
   wamerican xvfb
-  desktop-file-utils appstream
+  desktop-file-utils appstream poppler-utils
 )
 
 missing=()

@@ -81,8 +81,8 @@ TEST_F(CommandTest, EveryCommandIsInTheMenusAndOnlyBuiltOnesAreEnabled) {
     for (const auto& [name, enabled] : {std::pair{"mnuPurgeCoupons", false},
                                         {"mnuProductInventory", true},
                                         {"mnuEnterCoupon", true},
-                                        {"mnuPOPEditRecipie", false},
-                                        {"mnuSetupStoreIsles", false},
+                                        {"mnuPOPEditRecipie", true},
+                                        {"mnuSetupStoreIsles", true},
                                         {"mnuExit", true},
                                         {"mnuCloseCookbook", true},
                                         {"mnuReprintLastReport", true}})
@@ -139,12 +139,13 @@ TEST_F(CommandTest, TheRecipePopupNamesTheNodeItOpensOnAndItsViewsFilterTheTree)
     EXPECT_EQ(Caption(w, "mnuPOPDisplayFavorites"), "Display Favorites");
     EXPECT_EQ(Caption(w, "mnuPOPExpandView"), "Expand View");
     EXPECT_TRUE(Enabled(w, "mnuPOPDeleteRecipie"));
-    EXPECT_FALSE(Enabled(w, "mnuPOPDisplayRecipie"));  // the recipe screen is not there yet
+    EXPECT_TRUE(Enabled(w, "mnuPOPDisplayRecipie"));
 
     w.SetRecipePopup(dessert);
     EXPECT_EQ(Caption(w, "mnuPOPShowRecipesInCategory"), "Show Recipes in Dessert");
     EXPECT_EQ(Caption(w, "mnuPOPDisplayRecipie"), "Display Recipe");
     EXPECT_FALSE(Enabled(w, "mnuPOPDeleteRecipie"));
+    EXPECT_FALSE(Enabled(w, "mnuPOPDisplayRecipie"));
     w.SetRecipePopup(panes.FindByKey(panes.recipes, "Root"));
     EXPECT_EQ(Caption(w, "mnuPOPShowRecipesInCategory"), "Show Recipes in Category");
     EXPECT_FALSE(Enabled(w, "mnuPOPShowRecipesInCategory"));
