@@ -4,6 +4,7 @@
 #include "core/modEffects.h"
 #include "measures/frmMeasures.h"
 #include "platform/TextFile.h"
+#include "publish/clsCommunications.h"
 #include "platform/Ui.h"
 #include "recipes/RecipeCommands.h"
 #include "recipes/clsRecipies.h"
@@ -159,6 +160,16 @@ void frmRecipieQuickView::tbRecipe_ButtonClick(const QString& key) {
     }
 }
 
+bool frmRecipieQuickView::WriteText(const QString& target) {
+    QFile file(target);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
+        MsgBox(target + QStringLiteral(" could not be written."), Box::Exclamation, QStringLiteral("Notice"));
+        return false;
+    }
+    file.write(txtRecipie->toPlainText().toUtf8());
+    return true;
+}
+
 QString frmRecipieQuickView::SaveFolder() {
     return TheUi().FolderName(QStringLiteral("Choose a directory where the Recipe will be saved."), QDir::homePath());
 }
@@ -188,16 +199,12 @@ void frmRecipieQuickView::tbRecipe_ButtonMenuClick(const QString& key) {
         const QString folder = SaveFolder();
         if (folder.isEmpty()) return;
         const QString target = QDir(folder).filePath(FileStem(title_) + QStringLiteral(".txt"));
-        QFile file(target);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
-            MsgBox(target + QStringLiteral(" could not be written."), Box::Exclamation, QStringLiteral("Notice"));
-            return;
-        }
-        file.write(txtRecipie->toPlainText().toUtf8());
-        file.close();
-        OpenFile(target);
-    } else {
-        // Mail comes with the program's mail routine.
-        ComingSoon();
+        if (WriteText(target)) OpenFile(target);
+    } else if (key == QLatin1String("RecipeBody")) {
+        clsCommunications().SendEmail(QString(), title_, txtRecipie->toPlainText(), QString());
+    } else if (key == QLatin1String("RecipeAttach")) {
+        // The mail program attaches a file, so the recipe goes as its text file.
+        const QString target = QDir(QDir::tempPath()).filePath(FileStem(title_) + QStringLiteral(".txt"));
+        if (WriteText(target)) clsCommunications().SendEmail(QString(), title_, QString(), target);
     }
 }

@@ -42,6 +42,8 @@ protected:
 private:
     void ComingSoon();
     QString SaveFolder();
+    // The recipe's text written to `target`; false (and said) when it could not be.
+    bool WriteText(const QString& target);
 
     QString title_;
 };

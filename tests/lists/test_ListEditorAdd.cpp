@@ -3,6 +3,8 @@
 #include "ListEditorFixture.h"
 
 #include "core/Globals.h"
+#include "coupons/frmAvailableCoupons.h"
+#include "coupons/frmNewCoupon.h"
 #include "products/frmProductCostSelect.h"
 #include "text/modAutoComplete.h"
 
@@ -309,6 +311,44 @@ TEST_F(ListEditorTest, ComboCompletionTakesTheFirstEntryStartingWithTheText) {
     box.setEditText("");
     QTest::keyClicks(box.lineEdit(), "sa");
     EXPECT_EQ(box.currentText(), "sa");
+}
+
+TEST_F(ListEditorTest, ACouponEnteredHereMarksTheNextLineAndPickedCouponsBecomeLines) {
+    frmShoppingList editor;
+    ui.strict(false);  // the coupon pane's own notices
+    ui.answerModal([](QDialog* d) {
+        auto* entry = qobject_cast<frmNewCoupon*>(d);
+        entry->cboManufacturer->setEditText("Dairyland");
+        entry->cboProduct->setEditText("Cream");
+        entry->cboSize->setEditText("pint");
+        entry->cboCouponCategory->setEditText("Dairy");
+        entry->cmdOK_Click();
+        return 0;
+    });
+    editor.cmdAddCoupon_Click();
+    EXPECT_EQ(rows::Count("SELECT * FROM Coupons WHERE [Product] = 'Cream'"), 1);
+    Add(editor, "Bread", "1", "Baker's", "loaf");
+    EXPECT_EQ(Lines(editor).value(0).split('|').value(5), "Yes");
+
+    // The coupon search of a line: the ticked coupon is added as its own line.
+    Add(editor, "Oats", "1", "Acme", "tin");
+    const qint32 oats = Coupon("Acme", "Oats", "box");
+    Coupon("Acme", "Oats", "bag");
+    editor.lvShoppingList->setCurrentItem(editor.lvShoppingList->topLevelItem(1));
+    ui.answerModal([oats](QDialog* d) {
+        auto* pick = qobject_cast<frmAvailableCoupons*>(d);
+        for (int i = 0; i < pick->lvCoupons->topLevelItemCount(); ++i) {
+            QTreeWidgetItem* line = pick->lvCoupons->topLevelItem(i);
+            line->setCheckState(0, frmAvailableCoupons::CouponID(line) == oats ? Qt::Checked : Qt::Unchecked);
+        }
+        pick->cmdAddToList->click();
+        return d->result();
+    });
+    editor.mnuFindCoupon_Click();
+    const QStringList lines = Lines(editor);
+    ASSERT_EQ(lines.size(), 3) << lines.join('\n').toStdString();
+    EXPECT_TRUE(lines[2].startsWith("Oats|2|Acme|box|")) << lines[2].toStdString();
+    EXPECT_EQ(editor.lvShoppingList->topLevelItem(2)->data(0, frmShoppingList::TagRole).toInt(), oats);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "recipes/frmCookbookRecipies.h"
 #include "recipes/frmNewCookbook.h"
 #include "recipes/frmRecStyles.h"
+#include "publish/clsCommunications.h"
 #include "recipes/frmRecipieQuickView.h"
 
 #include "support/RecipeTree.h"
@@ -177,6 +178,21 @@ TEST_F(RecipeScreensTest, TheRecipeWindowShowsSetsTheCourseSavesTextAndAddsToThe
     QFile text(opened);
     ASSERT_TRUE(text.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(text.readAll()), view->txtRecipie->toPlainText());
+
+    // Mail goes to the mail program as a link: the text as the body, or as an attached file.
+    QStringList links;
+    clsCommunications::SetLinkOpener([&](const QString& link) {
+        links << link;
+        return true;
+    });
+    view->tbRecipe_ButtonMenuClick("RecipeBody");
+    view->tbRecipe_ButtonMenuClick("RecipeAttach");
+    clsCommunications::SetLinkOpener(nullptr);
+    ASSERT_EQ(links.size(), 2);
+    EXPECT_TRUE(links[0].startsWith("mailto:?Subject=Chowder&Body=")) << links[0].toStdString();
+    EXPECT_TRUE(links[0].contains("2 cu clams"));
+    EXPECT_TRUE(links[1].startsWith("mailto:?Subject=Chowder&Attach=\"")) << links[1].toStdString();
+    EXPECT_TRUE(links[1].endsWith("Chowder.txt\""));
 
     Registry().CurrentShoppingList("Weekly");
     ui.strict(false);  // the list's own notice
