@@ -1,6 +1,7 @@
 #include "coupons/frmNewCoupon.h"
 
 #include "core/Dates.h"
+#include "core/EntryBox.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
@@ -40,16 +41,6 @@ namespace {
 
 const QString kNoExpiration = QStringLiteral("No &Expiration");
 const QString kSetExpiration = QStringLiteral("Set &Expiration");
-
-QComboBox* EntryBox(const QString& name, QWidget* parent, int chars = 24) {
-    auto* box = new QComboBox(parent);
-    box->setObjectName(name);
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    box->setMinimumContentsLength(chars);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    return box;
-}
 
 // The names of `column` in the query's order, each once, the box's text left empty.
 void Fill(QComboBox* box, const QString& sql, const QString& column = QStringLiteral("Name")) {

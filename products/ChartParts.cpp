@@ -1,6 +1,7 @@
 #include "products/ChartParts.h"
 
 #include "core/Dates.h"
+#include "core/EntryBox.h"
 #include "core/Globals.h"
 #include "core/Values.h"
 #include "core/clsRegistry.h"
@@ -39,15 +40,7 @@ QDateEdit* DateBox(QWidget* parent, const QString& objectName, const QDate& date
     return box;
 }
 
-QComboBox* NameBox(QWidget* parent, const QString& objectName) {
-    auto* box = new QComboBox(parent);
-    box->setObjectName(objectName);
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    box->setMinimumContentsLength(18);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    return box;
-}
+QComboBox* NameBox(QWidget* parent, const QString& objectName) { return EntryBox(objectName, parent, 18); }
 
 void FillNames(QComboBox* box, const QString& all, const QString& sql) {
     QSignalBlocker quiet(box);

@@ -1,6 +1,7 @@
 #include "recipes/frmNewRecipies.h"
 
 #include "core/ChangeNotices.h"
+#include "core/EntryBox.h"
 #include "core/ErrorReport.h"
 #include "core/Globals.h"
 #include "core/MainPanes.h"
@@ -56,16 +57,6 @@ QStringList Column(const QString& sql, const QString& column) {
     return out;
 }
 
-QComboBox* Combo(const QString& name, QWidget* parent, int chars) {
-    auto* box = new QComboBox(parent);
-    box->setObjectName(name);
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    box->setMinimumContentsLength(chars);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    return box;
-}
-
 // Typing completes from the list, whatever the case typed.
 void CompleteAsTyped(QComboBox* box) {
     auto* completer = new QCompleter(box->model(), box);
@@ -104,17 +95,17 @@ frmNewRecipies::frmNewRecipies(QWidget* parent) : GuardedDialog(parent) {
     auto* courseRow = new QHBoxLayout(courseBox);
     for (QRadioButton* o : {optAppetizer, optMainCourse, optDesert}) courseRow->addWidget(o);
     courseRow->addStretch(1);
-    cboStyle = Combo(QStringLiteral("cboStyle"), general, 20);
+    cboStyle = EntryBox(QStringLiteral("cboStyle"), general, 20);
     cmdAddStyle = Button(QStringLiteral("cmdAddStyle"), QStringLiteral("Add"), QStringLiteral("Add Style to Database"),
                          general);
     cmdAppendStyle = Button(QStringLiteral("cmdAppendStyle"), QStringLiteral("Append"),
                             QStringLiteral("Add to existing list of Recipe styles."), general);
     txtStyles = new QLineEdit(general);
     txtStyles->setObjectName(QStringLiteral("txtStyles"));
-    cboServes = Combo(QStringLiteral("cboServes"), general, 4);
+    cboServes = EntryBox(QStringLiteral("cboServes"), general, 4);
     for (int i = 1; i <= 12; ++i) cboServes->addItem(QString::number(i));
     cboServes->setCurrentIndex(-1);
-    cboPrepTime = Combo(QStringLiteral("cboPrepTime"), general, 14);
+    cboPrepTime = EntryBox(QStringLiteral("cboPrepTime"), general, 14);
     cboPrepTime->addItems({"15 mins.", "30 mins.", "45 mins.", "1 Hour", "1 hr. 15 mins.", "1 hr. 30 mins.",
                            "1 hr. 45 mins.", "2 Hours"});
     cboPrepTime->setCurrentIndex(-1);
@@ -147,11 +138,11 @@ frmNewRecipies::frmNewRecipies(QWidget* parent) : GuardedDialog(parent) {
 
     // --- Ingredient
     auto* ingredient = new QWidget(this);
-    cboQuantity = Combo(QStringLiteral("cboQuantity"), ingredient, 6);
+    cboQuantity = EntryBox(QStringLiteral("cboQuantity"), ingredient, 6);
     for (int i = 1; i <= 12; ++i) cboQuantity->addItem(QString::number(i));
     cboQuantity->setCurrentIndex(-1);
-    cboUnit = Combo(QStringLiteral("cboUnit"), ingredient, 7);
-    cboItem = Combo(QStringLiteral("cboItem"), ingredient, 26);
+    cboUnit = EntryBox(QStringLiteral("cboUnit"), ingredient, 7);
+    cboItem = EntryBox(QStringLiteral("cboItem"), ingredient, 26);
     txtPrepInstructions = new QLineEdit(ingredient);
     txtPrepInstructions->setObjectName(QStringLiteral("txtPrepInstructions"));
     txtPrepInstructions->setPlaceholderText(QStringLiteral("chopped, diced ..."));
